@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "framework/controls/Control.h"
+
+namespace fw {
+
+class FRAMEWORK_API TButton : public TControl {
+public:
+    ~TButton() override;
+
+    const Text& GetCaption() const { return FCaption; }
+    void SetCaption(Text Value);
+
+    TNotifyEvent OnClick;
+
+    // Enabled and with a handler. A button without one is shown disabled.
+    bool CanClick() const { return IsEnabled() && OnClick != nullptr; }
+    // Takes the focus (so that open editors are posted), then runs OnClick; what it throws is caught and logged.
+    // Does nothing when the button cannot be clicked.
+    void Click();
+
+private:
+    Text FCaption;
+};
+
+}  // namespace fw

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "framework/base/Dispatch.h"
+#include "framework/base/Object.h"
+#include "framework/base/Signal.h"
+#include "framework/base/Text.h"
+
+namespace fw {
+
+struct TPoint { int X = 0, Y = 0; };
+
+class TFocusScope;
+
+// A control of a form, without any screen: it owns state and rules; a renderer draws it, listens to OnModelChanged and
+// its kin, and forwards the user's actions by one call each.
+class FRAMEWORK_API TControl : public TObject {
+public:
+    TControl() = default;
+    ~TControl() override;
+
+    const Text& GetName() const { return FName; }
+    bool IsEnabled() const { return FEnabled; }
+    void SetEnabled(bool Value);
+    bool IsVisible() const { return FVisible; }
+    void SetVisible(bool Value);
+
+    // Takes the focus within the frame: the control that had it posts its editor and is told that it was left.
+    // A control outside a frame has no focus to take. Disabled controls do not take it.
+    void SetFocus();
+    bool HasFocus() const;
+
+    // Writes what is typed and not yet applied into the value or cell; nothing open: nothing happens.
+    virtual void PostEditor() {}
+
+    // Where a point of the control (its own pixels) lies on the screen; without a renderer the point itself.
+    TPoint ClientToScreen(TPoint P) const;
+    void SetScreenMapper(std::function<TPoint(TPoint)> Mapper) { FScreenMapper = std::move(Mapper); }
+
+    TSignal<> OnModelChanged;   // anything a renderer shows, unless a narrower signal tells it
+    TSignal<> OnFocusRequested; // a program gave this control the focus
+
+protected:
+    // The focus goes to another control. Called once, after PostEditor.
+    virtual void DoExit() {}
+    void FireNotify(const TNotifyEvent& Event, std::string_view What);
+
+private:
+    friend class TFocusScope;
+    Text FName;
+    bool FEnabled = true;
+    bool FVisible = true;
+    TFocusScope* FScope = nullptr;  // borrowed; detaches itself when it ends
+    std::function<TPoint(TPoint)> FScreenMapper;
+};
+
+// The controls of one frame by form name, and which of them has the focus.
+class FRAMEWORK_API TFocusScope {
+public:
+    TFocusScope() = default;
+    ~TFocusScope();
+    TFocusScope(const TFocusScope&) = delete;
+    TFocusScope& operator=(const TFocusScope&) = delete;
+
+    // Names the control and takes it in. Borrowed; a control that dies leaves by itself. Names are unique: a second one
+    // replaces the first.
+    void Attach(const Text& Name, TControl& Control);
+    void Detach(TControl& Control);
+
+    TControl* Find(std::string_view Name) const;  // null when unknown
+    const std::vector<TControl*>& Controls() const { return FControls; }  // in order of attachment
+    TControl* GetFocused() const { return FFocused; }
+    // Posts the editors of every control.
+    void PostEditors();
+
+private:
+    friend class TControl;
+    void Focus(TControl* Control);
+    std::vector<TControl*> FControls;
+    TControl* FFocused = nullptr;
+};
+
+}  // namespace fw

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <vector>
+
+#include "framework/base/Object.h"
+#include "framework/base/Variant.h"
+
+namespace fw {
+
+class TGridTableView;
+
+// Cells of an unbound table view. Row equals record: the framework's grids neither sort nor filter. Columns are
+// positions among the view's columns. Reads out of range give null, writes out of range do nothing.
+class FRAMEWORK_API TGridDataController : public TObject {
+public:
+    explicit TGridDataController(TGridTableView& View) : FView(View) {}
+    ~TGridDataController() override;
+
+    int GetRecordCount() const;                 // of the data source where the view has one
+    // Growing adds records of null cells, shrinking drops the tail (an editor open there is cancelled).
+    void SetRecordCount(int Count);
+    Variant GetValue(int Record, int Column) const;
+    void SetValue(int Record, int Column, const Variant& Value);
+    // Cancels an editor open in the record; focus and an editor in a later record move with their record.
+    void DeleteRecord(int Record);
+
+private:
+    friend class TGridTableView;
+    TGridTableView& FView;
+    std::vector<std::vector<Variant>> FCells;   // rows; a row is as long as its last written column
+};
+
+}  // namespace fw

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "framework/controls/CellEditor.h"
+#include "framework/controls/Control.h"
+#include "framework/controls/GridDataController.h"
+#include "framework/controls/Style.h"
+#include "framework/data/GridDataSource.h"
+
+namespace fw {
+
+struct TGridOptions {
+    bool Deleting = true;
+    bool CellHints = false;
+    bool HideSelection = false;
+    bool InvertSelection = true;
+    bool CellEndEllipsis = false;
+    bool HeaderEndEllipsis = false;
+    bool ColumnAutoWidth = false;
+    bool GroupByBox = true;
+    Text NoDataText;
+};
+
+// The table of a grid: columns, records, focus and the one open editor. Unbound (cells live in the data controller) or
+// bound to a data source (records and values come from its data control, read-only).
+class FRAMEWORK_API TGridTableView : public TControl {
+public:
+    TGridTableView();
+    ~TGridTableView() override;
+
+    TGridOptions Options;
+
+    // Columns.
+    void BeginUpdate() { ++FUpdating; }
+    void EndUpdate();
+    void ClearColumns();
+    TGridColumn& CreateColumn();
+    int GetColumnCount() const { return static_cast<int>(FColumns.size()); }
+    TGridColumn* GetColumn(int Index) const;          // null out of range
+    void MoveColumn(int From, int To);                // cells move with their column; the open editor is posted first
+
+    TGridDataController& GetDataController() { return FData; }
+    const TGridDataController& GetDataController() const { return FData; }
+    // Borrowed; null unbinds. The view lets go of it when it dies.
+    void SetCustomDataSource(TCustomGridDataSource* Source);
+    TCustomDataControl* GetDataControl() const;       // null when unbound
+
+    // What a cell shows: the data's text (or the properties' null text), then the column's OnGetDisplayText.
+    Text GetCellText(int Record, int Column);
+    TStyle* GetCellStyle(int Record, int Column);     // null: default
+    TcxEditProperties* GetCellProperties(int Record, int Column);
+
+    // Focus; -1 none. Moving to another cell posts the open editor first. Out of range: nothing.
+    int GetFocusedRecord() const { return FFocusedRecord; }
+    int GetFocusedColumn() const { return FFocusedColumn; }
+    void SetFocusedCell(int Record, int Column);
+
+    // Editing. StartEdit focuses the cell, asks OnEditing and opens the editor; null when refused.
+    TCellEditor* StartEdit(int Record, int Column);
+    bool CanEdit(int Record, int Column);             // focuses nothing, opens nothing: asks OnEditing only
+    TCellEditor* GetEditor() const { return FEditor.get(); }
+    // Validates and writes the open editor's value into the cell and closes it. A refused text leaves the cell as it was,
+    // with one warning in the log. A validation error keeps the editor open, a validation that throws closes it and
+    // leaves the cell as it was. An editor that was not modified only closes.
+    void PostEditor() override;
+    void CancelEdit();
+    // The error text of the last refused validation; "" when there is none.
+    const Text& GetErrorText() const { return FErrorText; }
+
+    void Repaint() { OnRepaint(); }
+
+    // Events of the form. Allow comes in as false.
+    std::function<void(TGridTableView& View, TGridColumn& Column, bool& Allow)> OnEditing;
+    std::function<void(TGridTableView& View, TGridColumn& Column, TCellEditor& Editor, int& Key, int Shift)> OnEditKeyDown;
+    std::function<TStyle*(int Row, TGridColumn& Column)> OnGetContentStyle;
+
+    // Signals for renderers.
+    TSignal<> OnColumnsChanged;
+    TSignal<> OnRecordsChanged;              // count changed, record deleted, or bound data reloaded
+    TSignal<int, int> OnCellChanged;         // record, column
+    TSignal<> OnFocusChanged;
+    TSignal<> OnEditorChanged;               // opened, closed
+    TSignal<> OnRepaint;
+    // A posted edit: record, column, what was typed, what stands in the cell now.
+    TSignal<int, int, const Variant&, const Variant&> OnEdited;
+
+protected:
+    void DoExit() override;
+
+private:
+    friend class TGridColumn;
+    friend class TGridDataController;
+    friend class TCellEditor;
+    void ColumnsChanged();
+    void RecordsChanged();
+    void RecordDeleted(int Record);
+    void RecordCountChanged(int Count);
+    bool ValidatePopup(const TcxPopupEditProperties& Properties, Variant& Value, bool& Threw);
+    void CloseEditor();
+
+    std::vector<std::unique_ptr<TGridColumn>> FColumns;
+    TGridDataController FData;
+    TCustomGridDataSource* FSource = nullptr;  // borrowed
+    TConnections FSourceLinks;
+    std::unique_ptr<TCellEditor> FEditor;
+    bool FPosting = false;
+    Text FErrorText;
+    int FFocusedRecord = -1, FFocusedColumn = -1;
+    int FUpdating = 0;
+    bool FColumnsDirty = false, FRecordsDirty = false;
+};
+
+// One level of a grid and the grid around it; each level shows one view.
+class FRAMEWORK_API TGridLevel : public TControl {
+public:
+    explicit TGridLevel(TGridTableView& View) : FView(View) {}
+    ~TGridLevel() override;
+    TGridTableView& GetGridView() const { return FView; }
+
+private:
+    TGridTableView& FView;  // borrowed from the form
+};
+
+class FRAMEWORK_API TGrid : public TControl {
+public:
+    explicit TGrid(TGridLevel& Level) : FLevel(Level) {}
+    ~TGrid() override;
+    TGridLevel& GetLevel() const { return FLevel; }
+
+private:
+    TGridLevel& FLevel;  // borrowed from the form
+};
+
+}  // namespace fw
