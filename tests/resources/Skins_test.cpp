@@ -9,118 +9,118 @@ namespace ws {
 namespace {
 
 TEST(Skins, ColoursAreSixHexDigitsAfterAHash) {
-  EXPECT_EQ(ParseRgb("#12aBfF"), (TRgb{0x12, 0xAB, 0xFF}));
-  for (const char* Wrong : {"", "#", "123456", "#12345", "#1234567", "#12345G", "#+12345", "red"}) {
-    SCOPED_TRACE(Wrong);
-    EXPECT_EQ(ParseRgb(Wrong), std::nullopt);
-  }
-  EXPECT_EQ(FormatRgb({0x12, 0xAB, 0x0F}), "#12AB0F");
+    EXPECT_EQ(ParseRgb("#12aBfF"), (TRgb{0x12, 0xAB, 0xFF}));
+    for (const char* Wrong : {"", "#", "123456", "#12345", "#1234567", "#12345G", "#+12345", "red"}) {
+        SCOPED_TRACE(Wrong);
+        EXPECT_EQ(ParseRgb(Wrong), std::nullopt);
+    }
+    EXPECT_EQ(FormatRgb({0x12, 0xAB, 0x0F}), "#12AB0F");
 }
 
 TEST(Skins, TheFrameworkCountsRedLowest) {
-  EXPECT_EQ(ToFrameworkColor({255, 0, 0}), 255);
-  EXPECT_EQ(ToFrameworkColor({0, 255, 0}), 0xFF00);
-  EXPECT_EQ(ToFrameworkColor({0x12, 0x34, 0x56}), 0x563412);
-  EXPECT_EQ(FromFrameworkColor(0x563412), (TRgb{0x12, 0x34, 0x56}));
-  EXPECT_EQ(FromFrameworkColor(255), (TRgb{255, 0, 0}));
+    EXPECT_EQ(ToFrameworkColor({255, 0, 0}), 255);
+    EXPECT_EQ(ToFrameworkColor({0, 255, 0}), 0xFF00);
+    EXPECT_EQ(ToFrameworkColor({0x12, 0x34, 0x56}), 0x563412);
+    EXPECT_EQ(FromFrameworkColor(0x563412), (TRgb{0x12, 0x34, 0x56}));
+    EXPECT_EQ(FromFrameworkColor(255), (TRgb{255, 0, 0}));
 }
 
 TEST(Skins, ContrastIsMeasuredFromOneToTwentyOne) {
-  EXPECT_DOUBLE_EQ(ContrastRatio({0, 0, 0}, {255, 255, 255}), 21.0);
-  EXPECT_DOUBLE_EQ(ContrastRatio({255, 255, 255}, {0, 0, 0}), 21.0);
-  EXPECT_DOUBLE_EQ(ContrastRatio({9, 80, 200}, {9, 80, 200}), 1.0);
-  EXPECT_NEAR(ContrastRatio({0x76, 0x76, 0x76}, {255, 255, 255}), 4.54, 0.01);  // the greyest text white paper bears
+    EXPECT_DOUBLE_EQ(ContrastRatio({0, 0, 0}, {255, 255, 255}), 21.0);
+    EXPECT_DOUBLE_EQ(ContrastRatio({255, 255, 255}, {0, 0, 0}), 21.0);
+    EXPECT_DOUBLE_EQ(ContrastRatio({9, 80, 200}, {9, 80, 200}), 1.0);
+    EXPECT_NEAR(ContrastRatio({0x76, 0x76, 0x76}, {255, 255, 255}), 4.54, 0.01);  // the greyest text white paper bears
 }
 
 TEST(Skins, AMistakeInTheTableNamesItsLine) {
-  const struct {
-    const char* Why;
-    const char* Csv;
-    const char* Line;
-  } Cases[] = {{"no skins", "key\na\n", "line 1"},
-               {"a colour missing", "key,Light,Dark\na,#000000\n", "line 2"},
-               {"not a colour", "key,Light\na,#000000\nb,blue\n", "line 3"},
-               {"a key twice", "key,Light\na,#000000\na,#000001\n", "line 3"}};
-  for (const auto& Case : Cases) {
-    SCOPED_TRACE(Case.Why);
-    try {
-      TSkinTable::Parse(Case.Csv, "t.csv");
-      ADD_FAILURE() << "was read";
-    } catch (const std::runtime_error& Error) {
-      EXPECT_NE(std::string(Error.what()).find(Case.Line), std::string::npos) << Error.what();
+    const struct {
+        const char* Why;
+        const char* Csv;
+        const char* Line;
+    } Cases[] = {{"no skins", "key\na\n", "line 1"},
+                 {"a colour missing", "key,Light,Dark\na,#000000\n", "line 2"},
+                 {"not a colour", "key,Light\na,#000000\nb,blue\n", "line 3"},
+                 {"a key twice", "key,Light\na,#000000\na,#000001\n", "line 3"}};
+    for (const auto& Case : Cases) {
+        SCOPED_TRACE(Case.Why);
+        try {
+            TSkinTable::Parse(Case.Csv, "t.csv");
+            ADD_FAILURE() << "was read";
+        } catch (const std::runtime_error& Error) {
+            EXPECT_NE(std::string(Error.what()).find(Case.Line), std::string::npos) << Error.what();
+        }
     }
-  }
-  EXPECT_THROW(TSkinTable::Parse("key,Light\n", "t.csv"), std::runtime_error);
+    EXPECT_THROW(TSkinTable::Parse("key,Light\n", "t.csv"), std::runtime_error);
 }
 
 TEST(Skins, UnknownSkinsAndKeysHaveNoColour) {
-  const TSkinTable Table = TSkinTable::Parse("key,Light\na,#010203\n", "t.csv");
-  EXPECT_EQ(Table.Color("Light", "a"), (TRgb{1, 2, 3}));
-  EXPECT_EQ(Table.Color("Light", "b"), std::nullopt);
-  EXPECT_EQ(Table.Color("Dark", "a"), std::nullopt);
+    const TSkinTable Table = TSkinTable::Parse("key,Light\na,#010203\n", "t.csv");
+    EXPECT_EQ(Table.Color("Light", "a"), (TRgb{1, 2, 3}));
+    EXPECT_EQ(Table.Color("Light", "b"), std::nullopt);
+    EXPECT_EQ(Table.Color("Dark", "a"), std::nullopt);
 }
 
 TEST(Skins, ALightAndADarkOneSetTheColoursOfThePayoffView) {
-  const TSkinTable& Table = TSkinTable::Embedded();
-  EXPECT_EQ(Table.Skins(), (std::vector<std::string>{"Light", "Dark"}));
-  for (const std::string& Skin : Table.Skins()) {
-    SCOPED_TRACE(Skin);
-    for (const char* Key : {"coPayOffAlertSeriesColor", "coPayOffInputRowBgColor"}) {
-      const auto Color = Table.Color(Skin, Key);
-      ASSERT_TRUE(Color.has_value()) << Key;
-      EXPECT_NE(ToFrameworkColor(*Color), 255) << Key << " would look like the missing-colour red";
+    const TSkinTable& Table = TSkinTable::Embedded();
+    EXPECT_EQ(Table.Skins(), (std::vector<std::string>{"Light", "Dark"}));
+    for (const std::string& Skin : Table.Skins()) {
+        SCOPED_TRACE(Skin);
+        for (const char* Key : {"coPayOffAlertSeriesColor", "coPayOffInputRowBgColor"}) {
+            const auto Color = Table.Color(Skin, Key);
+            ASSERT_TRUE(Color.has_value()) << Key;
+            EXPECT_NE(ToFrameworkColor(*Color), 255) << Key << " would look like the missing-colour red";
+        }
     }
-  }
-  EXPECT_GT(ContrastRatio(*Table.Color("Light", "coWindow"), {0, 0, 0}), 10.0);
-  EXPECT_GT(ContrastRatio(*Table.Color("Dark", "coWindow"), {255, 255, 255}), 10.0);
+    EXPECT_GT(ContrastRatio(*Table.Color("Light", "coWindow"), {0, 0, 0}), 10.0);
+    EXPECT_GT(ContrastRatio(*Table.Color("Dark", "coWindow"), {255, 255, 255}), 10.0);
 }
 
 // Every text colour on every ground it may stand on; lines and marks that carry a meaning need less (3).
 TEST(Skins, TextsAndMarksCanBeRead) {
-  const struct {
-    const char* Front;
-    const char* Ground;
-    double Least;
-  } Pairs[] = {{"coWindowText", "coWindow", 4.5},
-               {"coText", "coBase", 4.5},
-               {"coText", "coAlternateBase", 4.5},
-               {"coText", "coPayOffInputRowBgColor", 4.5},
-               {"coPlaceholderText", "coBase", 4.5},
-               {"coPlaceholderText", "coWindow", 4.5},
-               {"coButtonText", "coButton", 4.5},
-               {"coHeaderText", "coHeader", 4.5},
-               {"coHighlightedText", "coHighlight", 4.5},
-               {"coToolTipText", "coToolTip", 4.5},
-               {"coLink", "coBase", 4.5},
-               {"coLink", "coWindow", 4.5},
-               {"coProfit", "coBase", 4.5},
-               {"coProfit", "coAlternateBase", 4.5},
-               {"coLoss", "coBase", 4.5},
-               {"coLoss", "coAlternateBase", 4.5},
-               {"coWarning", "coBase", 4.5},
-               {"coWarning", "coWindow", 4.5},
-               {"coError", "coBase", 4.5},
-               {"coError", "coWindow", 4.5},
-               {"coNoData", "coBase", 4.5},
-               {"coNoData", "coPayOffInputRowBgColor", 4.5},
-               {"coChartText", "coChartBackground", 4.5},
-               {"coDisabledText", "coBase", 3.0},
-               {"coDisabledText", "coButton", 3.0},
-               {"coAccent", "coWindow", 3.0},
-               {"coChartAxis", "coChartBackground", 3.0},
-               {"coChartLine", "coChartBackground", 3.0},
-               {"coChartCursor", "coChartBackground", 3.0},
-               {"coPayOffAlertSeriesColor", "coChartBackground", 3.0}};
-  const TSkinTable& Table = TSkinTable::Embedded();
-  for (const std::string& Skin : Table.Skins()) {
-    for (const auto& Pair : Pairs) {
-      SCOPED_TRACE(Skin + ": " + Pair.Front + " on " + Pair.Ground);
-      const auto Front = Table.Color(Skin, Pair.Front);
-      const auto Ground = Table.Color(Skin, Pair.Ground);
-      ASSERT_TRUE(Front && Ground);
-      EXPECT_GE(ContrastRatio(*Front, *Ground), Pair.Least);
+    const struct {
+        const char* Front;
+        const char* Ground;
+        double Least;
+    } Pairs[] = {{"coWindowText", "coWindow", 4.5},
+                 {"coText", "coBase", 4.5},
+                 {"coText", "coAlternateBase", 4.5},
+                 {"coText", "coPayOffInputRowBgColor", 4.5},
+                 {"coPlaceholderText", "coBase", 4.5},
+                 {"coPlaceholderText", "coWindow", 4.5},
+                 {"coButtonText", "coButton", 4.5},
+                 {"coHeaderText", "coHeader", 4.5},
+                 {"coHighlightedText", "coHighlight", 4.5},
+                 {"coToolTipText", "coToolTip", 4.5},
+                 {"coLink", "coBase", 4.5},
+                 {"coLink", "coWindow", 4.5},
+                 {"coProfit", "coBase", 4.5},
+                 {"coProfit", "coAlternateBase", 4.5},
+                 {"coLoss", "coBase", 4.5},
+                 {"coLoss", "coAlternateBase", 4.5},
+                 {"coWarning", "coBase", 4.5},
+                 {"coWarning", "coWindow", 4.5},
+                 {"coError", "coBase", 4.5},
+                 {"coError", "coWindow", 4.5},
+                 {"coNoData", "coBase", 4.5},
+                 {"coNoData", "coPayOffInputRowBgColor", 4.5},
+                 {"coChartText", "coChartBackground", 4.5},
+                 {"coDisabledText", "coBase", 3.0},
+                 {"coDisabledText", "coButton", 3.0},
+                 {"coAccent", "coWindow", 3.0},
+                 {"coChartAxis", "coChartBackground", 3.0},
+                 {"coChartLine", "coChartBackground", 3.0},
+                 {"coChartCursor", "coChartBackground", 3.0},
+                 {"coPayOffAlertSeriesColor", "coChartBackground", 3.0}};
+    const TSkinTable& Table = TSkinTable::Embedded();
+    for (const std::string& Skin : Table.Skins()) {
+        for (const auto& Pair : Pairs) {
+            SCOPED_TRACE(Skin + ": " + Pair.Front + " on " + Pair.Ground);
+            const auto Front = Table.Color(Skin, Pair.Front);
+            const auto Ground = Table.Color(Skin, Pair.Ground);
+            ASSERT_TRUE(Front && Ground);
+            EXPECT_GE(ContrastRatio(*Front, *Ground), Pair.Least);
+        }
     }
-  }
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 namespace ws {
 
 struct TCsvRow {
-  std::size_t FLine = 0;  // line of the file on which the row ends, from 1: the one an editor shows for one-line rows
-  std::vector<std::string> FFields;
+    std::size_t FLine = 0;  // line of the file on which the row ends, from 1: the one an editor shows for one-line rows
+    std::vector<std::string> FFields;
 };
 
 // The rows of a small CSV text (RFC 4180: quoted fields may hold commas, doubled quotes and line breaks). Blank lines
