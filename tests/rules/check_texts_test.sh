@@ -11,7 +11,7 @@ plant $table <<<"$head
 $good"
 plant view/A.cpp <<<'// "Res_OnlyInAComment"
 const char* A = "Res_Buy"; const char* B = "Res_Level_"; const char* C = "DC00000001";  // not "Res_Sold"
-const char* D = "file://x"; int E = '"';
+const char* D = "file://x"; int E = '\''"'\''; Hint("Res_Buy");
 label->setText(QString()); view->setText("%1"); box.setTitle(tr("Res_Buy")); spin.setText("-");'
 sound texts
 
