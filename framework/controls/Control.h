@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <string_view>
+#include <vector>
+
 #include "framework/base/Dispatch.h"
 #include "framework/base/Object.h"
 #include "framework/base/Signal.h"
@@ -26,7 +29,8 @@ public:
     void SetVisible(bool Value);
 
     // Takes the focus within the frame: the control that had it posts its editor and is told that it was left.
-    // A control outside a frame has no focus to take. Disabled controls do not take it.
+    // A control outside a frame has no focus to take. Disabled controls do not take it. Asked for while a control is
+    // being left, it goes to whoever asked last, and nobody is left twice.
     void SetFocus();
     bool HasFocus() const;
 
@@ -37,21 +41,32 @@ public:
     TPoint ClientToScreen(TPoint P) const;
     void SetScreenMapper(std::function<TPoint(TPoint)> Mapper) { FScreenMapper = std::move(Mapper); }
 
+    // Expires when the control dies: a renderer that may outlive its model tests it before every use.
+    std::weak_ptr<const void> GetLifetime() const { return FLifetime; }
+
     TSignal<> OnModelChanged;   // anything a renderer shows, unless a narrower signal tells it
     TSignal<> OnFocusRequested; // a program gave this control the focus
 
 protected:
     // The focus goes to another control. Called once, after PostEditor.
     virtual void DoExit() {}
+    // Runs an event of the form; what it throws is logged as "<name>.<What>". The control may die in the handler, so a
+    // caller does nothing with it afterwards.
     void FireNotify(const TNotifyEvent& Event, std::string_view What);
+    Text EventName(std::string_view What) const;
+    // User input goes to the control that has the focus: takes it unless it is here already.
+    void EnsureFocus();
+    // Posts every editor of the frame; nothing outside a frame.
+    void PostFrameEditors();
 
 private:
     friend class TFocusScope;
     Text FName;
     bool FEnabled = true;
     bool FVisible = true;
-    TFocusScope* FScope = nullptr;  // borrowed; detaches itself when it ends
+    TFocusScope* FScope = nullptr;  // borrowed; lets go of the control when it ends
     std::function<TPoint(TPoint)> FScreenMapper;
+    std::shared_ptr<const void> FLifetime = std::make_shared<char>();
 };
 
 // The controls of one frame by form name, and which of them has the focus.
@@ -76,8 +91,11 @@ public:
 private:
     friend class TControl;
     void Focus(TControl* Control);
+    bool Has(const TControl* Control) const;
     std::vector<TControl*> FControls;
     TControl* FFocused = nullptr;
+    TControl* FTarget = nullptr;  // who gets the focus once the leaving is done
+    bool FLeaving = false;
 };
 
 }  // namespace fw
