@@ -12,8 +12,8 @@ namespace ws {
 namespace {
 
 struct TCollector {
-    std::vector<TCsvRow> FRows;
-    TCsvRow FRow;
+    std::vector<TResourceRow> FRows;
+    TResourceRow FRow;
     std::size_t FLine = 1;
 };
 
@@ -31,7 +31,7 @@ void OnRow(int, void* Data) {
 
 }  // namespace
 
-std::vector<TCsvRow> ReadCsvRows(std::string_view Csv, const std::string& Name) {
+std::vector<TResourceRow> ReadCsvRows(std::string_view Csv, const std::string& Name) {
     csv_parser Parser;
     if (csv_init(&Parser, CSV_STRICT | CSV_STRICT_FINI) != 0)
         throw std::runtime_error(Name + ": no memory for the reader");

@@ -61,7 +61,7 @@ double ContrastRatio(TRgb A, TRgb B) {
 
 TSkinTable TSkinTable::Parse(std::string_view Csv, const std::string& Name) {
     TSkinTable Table;
-    for (const TCsvRow& Row : ReadCsvRows(Csv, Name)) {
+    for (const TResourceRow& Row : ReadCsvRows(Csv, Name)) {
         const auto Fail = [&](const std::string& Why) {
             throw std::runtime_error(Name + ", line " + std::to_string(Row.FLine) + ": " + Why);
         };

@@ -31,7 +31,7 @@ TTextTable TTextTable::Load(const std::filesystem::path& File) {
 TTextTable TTextTable::Parse(std::string_view Csv, const std::string& Name) {
     TTextTable Table;
     bool HeaderSeen = false;
-    for (TCsvRow& Row : ReadCsvRows(Csv, Name)) {
+    for (TResourceRow& Row : ReadCsvRows(Csv, Name)) {
         const auto Fail = [&](const std::string& Why) {
             throw std::runtime_error(Name + ", line " + std::to_string(Row.FLine) + ": " + Why);
         };
