@@ -16,7 +16,7 @@ inline constexpr const char* kPriceDataKind = "PRCDDS";
 enum EItemState : int {
     kItemUnknown = 0,  // nothing known yet, also while requested
     kItemReady = 1,
-    kItemNoData = 2,   // the market answered that it has nothing
+    kItemNoData = 2,  // the market answered that it has nothing
 };
 
 inline constexpr int kChannelMainFormShow = 104;

@@ -9,7 +9,8 @@
 namespace fw {
 
 // Runs Body; whatever it throws ends here and becomes one log line at error level (key "Res_LogHandlerFailed",
-// arguments: Where and the error's own text). True when Body came to its end.
+// arguments: Where and the error's own text; for objects that are no std::exception the name of their type). True when
+// Body came to its end.
 FRAMEWORK_API bool Dispatch(std::string_view Where, const std::function<void()>& Body) noexcept;
 
 // The same for a call with a result: Default when Body throws.

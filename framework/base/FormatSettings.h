@@ -20,8 +20,9 @@ struct TFormatSettings {
 };
 FRAMEWORK_API TFormatSettings& FormatSettings();
 
-// Reads a date by the current settings (order of y, M and d in ShortDateFormat, DateSeparator between them): four-digit
-// year, one or two digits for month and day, blanks around it ignored, an optional time part after a blank ignored.
+// Reads a date by the current settings (order of y, M and d in ShortDateFormat, those that it lacks behind the others,
+// DateSeparator between them): four-digit year, one or two digits for month and day, blanks around it ignored, an
+// optional time part (h:mm, h:mm:ss) after a blank ignored.
 // Raises EConvertError for anything else, days that do not exist included.
 FRAMEWORK_API TDateTime StrToDateTime(std::string_view S);
 

@@ -23,8 +23,12 @@ class FRAMEWORK_API TLog {
 public:
     static void Write(ELogLevel Level, Text Key, std::vector<Text> Args = {});
     static void Info(Text Key, std::vector<Text> Args = {}) { Write(ELogLevel::Info, std::move(Key), std::move(Args)); }
-    static void Warning(Text Key, std::vector<Text> Args = {}) { Write(ELogLevel::Warning, std::move(Key), std::move(Args)); }
-    static void Error(Text Key, std::vector<Text> Args = {}) { Write(ELogLevel::Error, std::move(Key), std::move(Args)); }
+    static void Warning(Text Key, std::vector<Text> Args = {}) {
+        Write(ELogLevel::Warning, std::move(Key), std::move(Args));
+    }
+    static void Error(Text Key, std::vector<Text> Args = {}) {
+        Write(ELogLevel::Error, std::move(Key), std::move(Args));
+    }
     static TSignal<const TLogEntry&>& Entries();
 };
 

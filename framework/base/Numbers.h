@@ -17,7 +17,7 @@ FRAMEWORK_API std::optional<int32_t> TextToInt(std::string_view S);
 FRAMEWORK_API int32_t TextToIntDef(std::string_view S, int32_t Default);
 
 // A finite decimal number (sign, point, exponent allowed), the whole text; "nan", "inf" and numbers beyond the
-// double range do not convert.
+// double range, too large or too small to be told from zero, do not convert.
 FRAMEWORK_API std::optional<double> TextToFloat(std::string_view S);
 FRAMEWORK_API double TextToFloatDef(std::string_view S, double Default);
 
@@ -36,7 +36,7 @@ FRAMEWORK_API Text GroupedText(double Value);
 // Blanks at the ends are ignored. Anything that is not a finite number gives no value.
 FRAMEWORK_API std::optional<double> GroupedTextToFloat(std::string_view S);
 
-// Shortest text that reads back as the same double, without exponent for |Value| in [1e-6, 1e17).
+// Shortest text that reads back as the same double, without exponent for |Value| in [1e-6, 1e17). Both zeros: "0".
 FRAMEWORK_API Text FloatToShortestText(double Value);
 
 }  // namespace fw

@@ -28,7 +28,8 @@ public:
     void Remove(const TObject* Owner) {
         for (auto& E : FEntries)
             if (E->Owner == Owner) E->Live = false;
-        FEntries.erase(std::remove_if(FEntries.begin(), FEntries.end(), [](const auto& E) { return !E->Live; }), FEntries.end());
+        FEntries.erase(std::remove_if(FEntries.begin(), FEntries.end(), [](const auto& E) { return !E->Live; }),
+                       FEntries.end());
     }
 
     void Notify(std::string_view Where, Args... Values) const {

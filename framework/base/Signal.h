@@ -55,6 +55,7 @@ public:
     [[nodiscard]] TConnection Connect(std::function<void(Args...)> Listener) {
         auto Alive = std::make_shared<bool>(true);
         TConnection Result{Alive};
+        DropEnded();
         FSlots.push_back({std::move(Alive), std::make_shared<std::function<void(Args...)>>(std::move(Listener))});
         return Result;
     }
@@ -63,7 +64,7 @@ public:
         const auto Round = FSlots;
         for (const auto& Slot : Round)
             if (*Slot.Alive) (*Slot.Listener)(Values...);
-        FSlots.erase(std::remove_if(FSlots.begin(), FSlots.end(), [](const TSlot& S) { return !*S.Alive; }), FSlots.end());
+        DropEnded();
     }
 
     bool HasListeners() const {
@@ -75,6 +76,11 @@ private:
         std::shared_ptr<bool> Alive;
         std::shared_ptr<std::function<void(Args...)>> Listener;
     };
+
+    void DropEnded() const {
+        std::erase_if(FSlots, [](const TSlot& S) { return !*S.Alive; });
+    }
+
     mutable std::vector<TSlot> FSlots;
 };
 

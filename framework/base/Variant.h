@@ -28,6 +28,7 @@ public:
     Text AsText() const;
     // Null and texts that are not a finite number give Default.
     double AsFloat(double Default = 0.0) const;
+    // Numbers are cut off at the point; what does not fit 64 bits gives Default too.
     int64_t AsInteger(int64_t Default = 0) const;
 
     // Same kind and same value; 1 and 1.0 differ.

@@ -18,12 +18,13 @@ public:
 
     // A numeric column holds floats, is right-aligned and gets a right-aligned text editor; a new column is visible and
     // not editable. Value is a preset cell text (empty: none). The caller owns the result.
-    static std::unique_ptr<TColumnInfo> AddColumn(int Id, const Text& CaptionKey, int Width, const Text& Value = {}, bool Numeric = false);
+    static std::unique_ptr<TColumnInfo> AddColumn(int Id, const Text& CaptionKey, int Width, const Text& Value = {},
+                                                  bool Numeric = false);
 
     int Id = 0;
     Text CaptionKey;
-    int Width = 0;             // pixels at scale 100
-    int MinWidth = 0;          // applied only when above 0
+    int Width = 0;     // pixels at scale 100
+    int MinWidth = 0;  // applied only when above 0
     Text Value;
     bool Numeric = false;
     bool RightAlignedText = false;

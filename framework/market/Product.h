@@ -13,13 +13,13 @@ public:
     virtual Text GetSymbol() const = 0;
     virtual Text GetExchange() const = 0;
     virtual Text GetSeries() const = 0;
-    virtual int GetProductType() const = 0;      // 2 future, 3 option
-    virtual Text GetExpiryDate() const = 0;      // "yyyy/MM/dd"
-    virtual Text GetStrikePrice() const = 0;     // real price units
+    virtual int GetProductType() const = 0;                 // 2 future, 3 option
+    virtual Text GetExpiryDate() const = 0;                 // "yyyy/MM/dd"
+    virtual Text GetStrikePrice() const = 0;                // real price units
     virtual Text GetAttribute(const Text& Name) const = 0;  // "" when not set
     virtual Text GetCallPutCode() const = 0;
     virtual Text GetLotSize() const = 0;
-    virtual Text GetSpreadCode() const = 0;      // code of the price-step table
+    virtual Text GetSpreadCode() const = 0;  // code of the price-step table
     virtual Text GetRelatedSymbol() const = 0;
 };
 

@@ -11,7 +11,7 @@ namespace fw {
 enum EField : int {
     kFieldReferencePrice = 3,
     kFieldExchange = 20,
-    kFieldProductType = 22,   // 2 future, 3 option
+    kFieldProductType = 22,  // 2 future, 3 option
     kFieldCurrency = 23,
     kFieldLotSize = 24,
     kFieldStrike = 27,
@@ -29,7 +29,7 @@ class FRAMEWORK_API TCustomSubItem : public TObject {
 public:
     ~TCustomSubItem() override;
     virtual Text GetSymbol() const = 0;
-    virtual int GetState() const = 0;                  // EItemState
+    virtual int GetState() const = 0;  // EItemState
     // One stored value, two views: a field without value reads as "" and 0.0.
     virtual Text GetFieldText(int FieldId) const = 0;
     virtual double GetFieldValue(int FieldId) const = 0;

@@ -6,7 +6,8 @@
 
 namespace fw {
 
-// Configuration options by section and key. Notifications come from the host's loop, never from inside a registering call.
+// Configuration options by section and key. Notifications come from the host's loop, never from inside a registering
+// call.
 class FRAMEWORK_API TCustomConfigManager : public TObject {
 public:
     ~TCustomConfigManager() override;
@@ -15,9 +16,9 @@ public:
 
     virtual void AddConfigUpdateEvent(TDataEvent Handler, TObject* Owner) = 0;
     virtual void RemoveConfigUpdateEvent(TObject* Owner) = 0;
-    virtual Text ReadString(const Text& Section, const Text& Key) = 0;   // missing: ""
-    virtual int ReadInteger(const Text& Section, const Text& Key) = 0;   // missing or no number: 0
-    virtual Text GetUserSection() = 0;                                   // section of the user who is logged in
+    virtual Text ReadString(const Text& Section, const Text& Key) = 0;  // missing: ""
+    virtual int ReadInteger(const Text& Section, const Text& Key) = 0;  // missing or no number: 0
+    virtual Text GetUserSection() = 0;                                  // section of the user who is logged in
     virtual bool GetKeepColumnLayout() = 0;
 };
 

@@ -22,7 +22,8 @@ public:
 
     // Kind 1 with a symbol: a real price, written as that symbol is quoted (its decimals, its display factor);
     // without a symbol: default decimals. Kind 3: an amount. Kind 4: a quantity.
-    virtual Text FormatValue(double Value, uint8_t Kind, const Text& Symbol = {}, bool UseDefault = true, void* Extra = nullptr) = 0;
+    virtual Text FormatValue(double Value, uint8_t Kind, const Text& Symbol = {}, bool UseDefault = true,
+                             void* Extra = nullptr) = 0;
     virtual Text FormatPrice(double Value, uint8_t Kind = kFormatChartPrice, bool UseDefault = true) = 0;
 };
 

@@ -15,7 +15,8 @@ public:
     static TCustomLanguageManager* SetInstance(TCustomLanguageManager* Service);
 
     // Fills Out with the text of Key in the current language; a key without text gives the key itself.
-    virtual void GetResourceString(Text& Out, const Text& Tag, const Text& Key, int Kind = 3, int Reserved = 0, void* Extra = nullptr) = 0;
+    virtual void GetResourceString(Text& Out, const Text& Tag, const Text& Key, int Kind = 3, int Reserved = 0,
+                                   void* Extra = nullptr) = 0;
     virtual int GetLanguage() = 0;  // index of the current language; 1 and 2 have series names of their own
 };
 

@@ -5,7 +5,8 @@
 
 namespace fw {
 
-// Everything that is listed. Records are borrowed and live as long as the service; reads by index out of range give "" or null.
+// Everything that is listed. Records are borrowed and live as long as the service; reads by index out of range give ""
+// or null.
 class FRAMEWORK_API TCustomMarketAdapter : public TObject {
 public:
     ~TCustomMarketAdapter() override;
@@ -20,11 +21,11 @@ public:
     virtual bool IsExchangeSupported(const Text& Exchange) = 0;
     virtual int GetSeriesCount(const Text& Exchange) = 0;
     virtual Text GetSeriesCode(const Text& Exchange, int Index) = 0;
-    virtual TCustomSeries* GetSeriesInfo(const Text& Series) = 0;          // null when unknown
+    virtual TCustomSeries* GetSeriesInfo(const Text& Series) = 0;  // null when unknown
     virtual int GetProductCount(const Text& Exchange, const Text& Series) = 0;
     virtual TCustomProduct* GetProduct(const Text& Exchange, const Text& Series, int Index) = 0;
-    virtual TCustomProduct* GetProductBySymbol(const Text& Symbol) = 0;    // null when unknown
-    virtual TCustomSpreadTable* GetSpreadTable(const Text& Code) = 0;      // null when unknown
+    virtual TCustomProduct* GetProductBySymbol(const Text& Symbol) = 0;  // null when unknown
+    virtual TCustomSpreadTable* GetSpreadTable(const Text& Code) = 0;    // null when unknown
     // Makes a symbol's data or a price-step table available; a text that names neither is ignored.
     virtual void RequestSymbol(const Text& Symbol) = 0;
 };

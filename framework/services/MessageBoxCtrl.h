@@ -13,9 +13,11 @@ public:
     static TCustomMessageBoxCtrl* SetInstance(TCustomMessageBoxCtrl* Service);
 
     // Shows a translated text. The last three arguments are reserved.
-    virtual void ShowMessageText(TObject* Owner, const Text& Message, int Kind = 0, int Buttons = 0, int Default = 0) = 0;
+    virtual void ShowMessageText(TObject* Owner, const Text& Message, int Kind = 0, int Buttons = 0,
+                                 int Default = 0) = 0;
     // Shows the host's message of a code ("DC10013001").
-    virtual void ShowMessageCode(TObject* Owner, const Text& Code, void* Reserved1 = nullptr, void* Reserved2 = nullptr, void* Reserved3 = nullptr) = 0;
+    virtual void ShowMessageCode(TObject* Owner, const Text& Code, void* Reserved1 = nullptr, void* Reserved2 = nullptr,
+                                 void* Reserved3 = nullptr) = 0;
 };
 
 }  // namespace fw

@@ -5,7 +5,8 @@
 
 namespace fw {
 
-// Installs a service for a scope and puts the former one back: TScopedService<TCustomFormatter> F(std::make_unique<...>()).
+// Installs a service for a scope and puts the former one back: TScopedService<TCustomFormatter>
+// F(std::make_unique<...>()).
 template <class TService>
 class TScopedService {
 public:

@@ -12,7 +12,8 @@ public:
     static TCustomSubscribeAdapter& GetInstance();
     static TCustomSubscribeAdapter* SetInstance(TCustomSubscribeAdapter* Service);
 
-    // Always an item, also for an unknown or empty symbol (state 0, no fields). Flags 1: do not begin to request anything.
+    // Always an item, also for an unknown or empty symbol (state 0, no fields). Flags 1: do not begin to request
+    // anything.
     virtual TCustomSubItem* GetSubItem(const Text& Symbol, const Text& DataKind, int Flags) = 0;
     // Handler gets (Sender, Update); Update is a TCustomUpdate.
     virtual void Subscribe(TCustomSubItem* Item, TDataEvent Handler, TObject* Owner) = 0;

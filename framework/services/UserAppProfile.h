@@ -13,7 +13,7 @@ public:
     static TCustomUserAppProfile& GetInstance();
     static TCustomUserAppProfile* SetInstance(TCustomUserAppProfile* Service);
 
-    virtual int GetUserType() = 0;             // 2: accounts may be chosen only where IsAccountSelectable says so
+    virtual int GetUserType() = 0;  // 2: accounts may be chosen only where IsAccountSelectable says so
     virtual bool IsAccountSelectable() = 0;
     virtual bool IsFunctionEnabled(const Text& FunctionCode) = 0;
     virtual bool HasRight(const Text& Right) = 0;

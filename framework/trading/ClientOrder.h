@@ -9,7 +9,8 @@
 
 namespace fw {
 
-// A client order before and while it is sent. Price in real price units. Created by the order service; the caller owns it.
+// A client order before and while it is sent. Price in real price units. Created by the order service; the caller owns
+// it.
 class FRAMEWORK_API TCustomClientOrder : public TObject {
 public:
     TCustomClientOrder();
@@ -17,7 +18,7 @@ public:
 
     virtual void SetAccount(const Text& Value) { FAccount = Value; }
     virtual void SetSymbol(const Text& Value) { FSymbol = Value; }
-    virtual void SetSide(int Value) { FSide = Value; }            // 0 buy, 1 sell
+    virtual void SetSide(int Value) { FSide = Value; }  // 0 buy, 1 sell
     virtual void SetPrice(double Value) { FPrice = Value; }
     virtual void SetQty(double Value) { FQty = Value; }
     virtual void SetOpenClose(int Value) { FOpenClose = Value; }  // 0 none, 1 open, 2 close

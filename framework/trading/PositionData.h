@@ -12,9 +12,9 @@ class FRAMEWORK_API TCustomPositionData : public TObject {
 public:
     ~TCustomPositionData() override;
     virtual Text GetSymbol() const = 0;
-    virtual double GetQty() const = 0;                   // signed net quantity
+    virtual double GetQty() const = 0;  // signed net quantity
     virtual TCustomSubItem* GetSubItem() const = 0;
-    virtual int GetSideKind() const = 0;                 // 0 by the sign of the quantity, 1 long, 2 short
+    virtual int GetSideKind() const = 0;  // 0 by the sign of the quantity, 1 long, 2 short
     virtual double GetAvgPrice() const = 0;
     virtual double GetAvgPriceMode1() const = 0;
     virtual double GetAvgPriceMode2() const = 0;

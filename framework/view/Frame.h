@@ -21,7 +21,9 @@ public:
     // The controls by form name ("cmbExchange", "PositionGridView", ...).
     TFocusScope& Controls() { return FControls; }
     template <class T>
-    T* FindControl(std::string_view Name) const { return dynamic_cast<T*>(FControls.Find(Name)); }
+    T* FindControl(std::string_view Name) const {
+        return dynamic_cast<T*>(FControls.Find(Name));
+    }
 
     // What is drawn: the root of the layout tree, and the frame's hint window. Null: nothing.
     virtual TLayoutGroup* GetLayout() { return nullptr; }

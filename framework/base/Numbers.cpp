@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "framework/base/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+
+namespace fw {
+
+namespace {
+
+bool IsDigit(char C) { return C >= '0' && C <= '9'; }
+
+// A double has at most 1074 decimals of its own; more would be zeros.
+constexpr int kMaxDecimals = 1074;
+constexpr size_t kMaxWholeDigits = 309;
+
+// How many binary places a positive finite double has behind the point; that many decimals write it exactly.
+int FractionBits(double Magnitude) {
+    const auto Bits = std::bit_cast<uint64_t>(Magnitude);
+    const int RawExponent = static_cast<int>(Bits >> 52);
+    uint64_t Mantissa = Bits & ((uint64_t{1} << 52) - 1);
+    if (RawExponent != 0) Mantissa |= uint64_t{1} << 52;
+    const int Exponent = std::max(RawExponent, 1) - 1075;  // value = Mantissa * 2^Exponent
+    return Mantissa == 0 ? 0 : std::max(0, -(Exponent + std::countr_zero(Mantissa)));
+}
+
+// Adds one in the last place of a text of digits and at most one point.
+void IncrementLastPlace(Text& Digits) {
+    for (size_t I = Digits.size(); I-- > 0;) {
+        if (Digits[I] == '.') continue;
+        if (Digits[I] != '9') {
+            ++Digits[I];
+            return;
+        }
+        Digits[I] = '0';
+    }
+    Digits.insert(Digits.begin(), '1');
+}
+
+Text FixedText(double Magnitude, int Decimals) {
+    std::array<char, kMaxWholeDigits + 1 + kMaxDecimals + 1> Buffer;
+    const auto End =
+        std::to_chars(Buffer.data(), Buffer.data() + Buffer.size(), Magnitude, std::chars_format::fixed, Decimals).ptr;
+    return Text(Buffer.data(), End);
+}
+
+// Rounded half away from zero. The library rounds the exact value and differs from that only on ties. With k binary
+// places, Magnitude is m / 2^k with m odd, and Magnitude * 10^d = m * 5^d * 2^(d-k) lies halfway between two whole
+// numbers exactly when k = d + 1: then d + 1 decimals write it exactly and the last of them is a 5.
+Text RoundedText(double Magnitude, int Decimals) {
+    if (FractionBits(Magnitude) != Decimals + 1) return FixedText(Magnitude, Decimals);
+    Text Digits = FixedText(Magnitude, Decimals + 1);
+    Digits.pop_back();
+    if (Digits.back() == '.') Digits.pop_back();
+    IncrementLastPlace(Digits);
+    return Digits;
+}
+
+void DropTrailingZeros(Text& Digits, int MinDecimals) {
+    const size_t Point = Digits.find('.');
+    if (Point == Text::npos) return;
+    const size_t Keep = Point + 1 + static_cast<size_t>(MinDecimals);
+    while (Digits.size() > Keep && Digits.back() == '0') Digits.pop_back();
+    if (Digits.back() == '.') Digits.pop_back();
+}
+
+void InsertGroups(Text& Digits) {
+    size_t I = std::min(Digits.find('.'), Digits.size());
+    for (; I > 3; I -= 3) Digits.insert(I - 3, 1, ',');
+}
+
+// 1 to 3 digits, then groups of exactly three behind each comma.
+bool IsGrouped(std::string_view Whole) {
+    const size_t First = std::min(Whole.find(','), Whole.size());
+    if (First < 1 || First > 3 || (Whole.size() - First) % 4 != 0) return false;
+    for (size_t I = 0; I < Whole.size(); ++I) {
+        const bool CommaPlace = I >= First && (I - First) % 4 == 0;
+        if (CommaPlace ? Whole[I] != ',' : !IsDigit(Whole[I])) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<int32_t> TextToInt(std::string_view S) {
+    if (S.starts_with('+')) {
+        S.remove_prefix(1);
+        if (S.starts_with('-')) return std::nullopt;
+    }
+    int32_t Value = 0;
+    const auto [End, Error] = std::from_chars(S.data(), S.data() + S.size(), Value);
+    if (Error != std::errc{} || End != S.data() + S.size()) return std::nullopt;
+    return Value;
+}
+
+int32_t TextToIntDef(std::string_view S, int32_t Default) { return TextToInt(S).value_or(Default); }
+
+std::optional<double> TextToFloat(std::string_view S) {
+    if (S.starts_with('+')) {
+        S.remove_prefix(1);
+        if (S.starts_with('-')) return std::nullopt;
+    }
+    double Value = 0.0;
+    const auto [End, Error] = std::from_chars(S.data(), S.data() + S.size(), Value);
+    if (Error != std::errc{} || End != S.data() + S.size() || !std::isfinite(Value)) return std::nullopt;
+    return Value;
+}
+
+double TextToFloatDef(std::string_view S, double Default) { return TextToFloat(S).value_or(Default); }
+
+Text FloatToText(double Value, int MaxDecimals, bool Grouping, int MinDecimals) {
+    if (std::isnan(Value)) return "nan";
+    if (std::isinf(Value)) return Value < 0 ? "-inf" : "inf";
+    MaxDecimals = std::clamp(MaxDecimals, 0, kMaxDecimals);
+    MinDecimals = std::clamp(MinDecimals, 0, MaxDecimals);
+
+    Text Digits = RoundedText(std::fabs(Value), MaxDecimals);
+    const bool Zero = Digits.find_first_not_of("0.") == Text::npos;
+    DropTrailingZeros(Digits, MinDecimals);
+    if (Grouping) InsertGroups(Digits);
+    if (std::signbit(Value) && !Zero) Digits.insert(Digits.begin(), '-');
+    return Digits;
+}
+
+Text PriceKey(double Price) { return FloatToText(Price, 8); }
+
+Text GroupedText(double Value) { return FloatToText(Value, 8, true); }
+
+std::optional<double> GroupedTextToFloat(std::string_view S) {
+    Text Plain = Trim(S);
+    const size_t Start = Plain.starts_with('-') || Plain.starts_with('+') ? 1 : 0;
+    const size_t End = std::min(Plain.find_first_not_of("0123456789,", Start), Plain.size());
+    const std::string_view Whole = std::string_view(Plain).substr(Start, End - Start);
+    if (Whole.find(',') != std::string_view::npos) {
+        if (!IsGrouped(Whole)) return std::nullopt;
+        std::erase(Plain, ',');  // a comma behind the whole part would have ended it: then nothing below reads it
+        if (std::count(S.begin(), S.end(), ',') != std::count(Whole.begin(), Whole.end(), ',')) return std::nullopt;
+    }
+    return TextToFloat(Plain);
+}
+
+Text FloatToShortestText(double Value) {
+    if (std::isnan(Value)) return "nan";
+    if (std::isinf(Value)) return Value < 0 ? "-inf" : "inf";
+    if (Value == 0.0) return "0";
+    const double Magnitude = std::fabs(Value);
+    const bool Plain = Magnitude >= 1e-6 && Magnitude < 1e17;
+    std::array<char, 64> Buffer;
+    const auto End = std::to_chars(Buffer.data(), Buffer.data() + Buffer.size(), Value,
+                                   Plain ? std::chars_format::fixed : std::chars_format::scientific)
+                         .ptr;
+    return Text(Buffer.data(), End);
+}
+
+}  // namespace fw
