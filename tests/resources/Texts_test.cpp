@@ -89,6 +89,22 @@ TEST(Texts, FillPutsArgumentsInOnePass) {
     EXPECT_EQ(Fill("", {"a"}), "");
 }
 
+TEST(Texts, AReasonInsideASentenceIsTranslatedWithIt) {
+    const TTextTable Table = TTextTable::Parse(std::string(kHead) +
+                                                   "ResourceString,Res_Line,\"%1, line %2: %3\",第 %2 行：%3,-\n"
+                                                   "ResourceString,Res_NoNumber,%1 is no number: %2,%1 並非數字：%2,-\n"
+                                                   "ResourceString,Res_Why,because: %1,因為：%1,-\n",
+                                               "t.csv");
+    EXPECT_EQ(Table.Sentence("Res_Line", {"a.csv", "7", "Res_NoNumber", "Price", "x"}, kLanguageEnglish),
+              "a.csv, line 7: Price is no number: x");
+    EXPECT_EQ(Table.Sentence("Res_Line", {"a.csv", "7", "Res_NoNumber", "Price", "x"}, kLanguageTraditional),
+              "第 7 行：Price 並非數字：x");
+    EXPECT_EQ(Table.Sentence("Res_Line", {"a.csv", "7", "Res_Why", "Res_Why", "x"}, 0),
+              "a.csv, line 7: because: because: x");
+    EXPECT_EQ(Table.Sentence("Res_Line", {"%2", "7", "plain"}, 0), "%2, line 7: plain");
+    EXPECT_EQ(Table.Sentence("Res_Unknown", {"a"}, 0), "Res_Unknown");
+}
+
 // The keys that the payoff view asks for.
 TEST(Texts, EveryKeyOfThePayoffViewHasATextInEveryLanguage) {
     const char* const kKeys[] = {"Res_Account",

@@ -69,6 +69,15 @@ std::string TTextTable::Lookup(std::string_view Tag, std::string_view Key, int L
     return (*Texts)[static_cast<std::size_t>(Known ? Language : kLanguageEnglish)];
 }
 
+std::string TTextTable::Sentence(std::string_view Key, const std::vector<std::string>& Args, int Language) const {
+    std::vector<std::string> Filled = Args;
+    for (std::size_t Index = Args.size(); Index-- > 0;) {  // from the end, so that a reason may hold a reason
+        if (!Contains(kTagResource, Args[Index])) continue;
+        Filled[Index] = Fill(Lookup(kTagResource, Args[Index], Language), {Filled.begin() + Index + 1, Filled.end()});
+    }
+    return Fill(Lookup(kTagResource, Key, Language), Filled);
+}
+
 bool TTextTable::Contains(std::string_view Tag, std::string_view Key) const { return Find(Tag, Key) != nullptr; }
 
 void TTextTable::Put(std::string_view Tag, std::string_view Key, TTexts Texts) {

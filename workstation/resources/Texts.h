@@ -42,6 +42,10 @@ public:
     // as English.
     std::string Lookup(std::string_view Tag, std::string_view Key, int Language) const;
 
+    // The text of a resource key with its arguments (see Fill). An argument that is a resource key itself stands for
+    // its own text, filled with the arguments that follow it: the reason inside a sentence.
+    std::string Sentence(std::string_view Key, const std::vector<std::string>& Args, int Language) const;
+
     bool Contains(std::string_view Tag, std::string_view Key) const;
 
     // Adds or overwrites one entry: names that the market store knows better than the table.
