@@ -52,7 +52,7 @@ struct TProductRow {
     std::string Currency;
     std::optional<double> Multiplier;     // contract multiplier; absent = not stated
     std::optional<double> DisplayFactor;  // display price = real price x factor; absent = none
-    std::map<std::string, std::string> Attributes;  // e.g. {"WeeklyOptionExp", "W1"}
+    std::map<std::string, std::string> Attributes;  // e.g. {"WeeklyOptionExp", "W1"}, {"ShortCode", "00005"}
 };
 
 struct TQuoteRow {
@@ -61,6 +61,7 @@ struct TQuoteRow {
     std::optional<double> PreviousSettlement;
     std::string Time;          // "yyyy/MM/dd HH:mm:ss", exchange wall clock; empty = no data have ever come
     bool Silent = false;       // a contract that the market lists but for which it never sends data
+    int DelaySeconds = 0;      // first data come this late after a subscription
 };
 
 // One band of a price-step table: steps of Step from Lower up to the next band's Lower.

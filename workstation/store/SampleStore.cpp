@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/store/SampleStore.h"
+
+#include <set>
+#include <utility>
+
+#include "workstation/store/MarketCalendar.h"
+#include "workstation/store/SampleLine.h"
+#include "workstation/store/StoreTransaction.h"
+
+namespace ws {
+namespace {
+
+void TellProblems(const TSampleMarket& Sample, const std::filesystem::path& Folder, TSampleOutcome& Outcome) {
+    if (Sample.Empty()) Outcome.Notices.push_back({kSampleMissing, {Folder.string()}});
+    for (const auto& Problem : Sample.Problems()) {
+        TStoreNotice Notice{kSampleBadLine, {Problem.File, std::to_string(Problem.Line), Problem.Key}};
+        Notice.Args.insert(Notice.Args.end(), Problem.Args.begin(), Problem.Args.end());
+        Outcome.Notices.push_back(std::move(Notice));
+    }
+}
+
+void PutSampleProducts(TStoreTransaction& Write, const std::vector<TProductRow>& Products,
+                       const std::vector<std::string>& BaseSymbols) {
+    for (std::size_t i = 0; i < Products.size(); ++i) {
+        Write.Put(Products[i]);
+        Write.PutSampleSymbol(Products[i].Symbol, BaseSymbols[i]);
+    }
+}
+
+void PutSampleMeta(TStoreTransaction& Write, const TSampleMarket& Sample, int Months) {
+    Write.WriteMeta(kMetaSampleVersion, Sample.Version());
+    Write.WriteMeta(kMetaSampleMonths, std::to_string(Months));
+    Write.WriteMeta(kMetaSampleFirstExpiry, Sample.FirstExpiry(Months));
+}
+
+// The codes of exchanges of which the store holds imported series.
+std::set<std::string> ImportedExchanges(const TMarketSet& Market) {
+    std::set<std::string> Codes;
+    for (const auto& Series : Market.Series)
+        if (Series.Imported) Codes.insert(Series.Exchange);
+    return Codes;
+}
+
+// Takes everything out that came from a sample; what was imported stays.
+void RemoveSample(TStoreTransaction& Write, const TStore& Store) {
+    const TMarketSet Held = Store.LoadMarket();
+    const std::set<std::string> Imported = ImportedExchanges(Held);
+    for (const auto& Exchange : Held.Exchanges)
+        if (!Imported.contains(Exchange.Code)) Write.RemoveExchange(Exchange.Code);
+    for (const auto& Series : Held.Series)
+        if (!Series.Imported) Write.RemoveSeries(Series.Exchange, Series.Code);
+    Write.RemoveSampleSymbols();
+    Write.RemoveTrading();
+}
+
+void PutSample(TStoreTransaction& Write, TSampleSet Set, const std::set<std::string>& Imported) {
+    // An exchange that both the sample and an import know stays as imported: its market day belongs to its quotes.
+    std::erase_if(Set.Market.Exchanges, [&](const TExchangeRow& Row) { return Imported.contains(Row.Code); });
+    PutSampleProducts(Write, std::exchange(Set.Market.Products, {}), Set.BaseSymbols);
+    Write.PutMarket(Set.Market);
+    Write.PutTrading(Set.Trading);
+}
+
+int StoredMonths(const TStore& Store) {
+    return WholeFromText(Store.ReadMeta(kMetaSampleMonths).value_or("0")).value_or(0);
+}
+
+// The rows that name a contract of the sample, taken out of the store to come back under the new symbols.
+struct TFollowers {
+    std::vector<TPositionRow> Positions;
+    std::vector<TQuoteRow> Quotes;
+};
+
+TFollowers TakeFollowers(TStoreTransaction& Write, const TStore& Store, const std::map<std::string, std::string>& Base) {
+    TFollowers Taken;
+    for (auto& Row : Store.LoadTrading().Positions)
+        if (Base.contains(Row.Symbol)) Taken.Positions.push_back(Row);
+    for (auto& Row : Store.LoadMarket().Quotes)
+        if (Base.contains(Row.Symbol)) Taken.Quotes.push_back(Row);
+    for (const auto& Row : Taken.Positions) Write.RemovePosition(Row.Account, Row.Symbol);
+    for (const auto& [Symbol, Ignored] : Base) Write.RemoveProduct(Symbol);
+    return Taken;
+}
+
+void MoveSample(TStore& Store, const TSampleMarket& Sample, int From, int To, TSampleOutcome& Outcome) {
+    std::map<std::string, std::string> Base;  // old symbol -> base symbol
+    for (const auto& [BaseSymbol, Symbol] : Store.SampleSymbols()) Base[Symbol] = BaseSymbol;
+    const TSampleSet Set = Sample.Expand(To);
+    std::map<std::string, std::string> Now;  // base symbol -> new symbol
+    for (std::size_t i = 0; i < Set.BaseSymbols.size(); ++i) Now[Set.BaseSymbols[i]] = Set.Market.Products[i].Symbol;
+    for (const auto& [Old, BaseSymbol] : Base)
+        if (const auto It = Now.find(BaseSymbol); It != Now.end()) Outcome.SymbolMap[Old] = It->second;
+
+    TStoreTransaction Write(Store);
+    TFollowers Taken = TakeFollowers(Write, Store, Base);
+    Write.RemoveSampleSymbols();
+    PutSampleProducts(Write, Set.Market.Products, Set.BaseSymbols);
+    for (auto& Row : Taken.Positions) {
+        const auto It = Outcome.SymbolMap.find(Row.Symbol);
+        if (It == Outcome.SymbolMap.end()) {
+            Outcome.Notices.push_back({kSamplePositionDropped, {Row.Account, Row.Symbol}});
+            continue;
+        }
+        Row.Symbol = It->second;
+        Write.Put(Row);
+    }
+    for (auto& Row : Taken.Quotes) {
+        const auto It = Outcome.SymbolMap.find(Row.Symbol);
+        if (It == Outcome.SymbolMap.end()) continue;
+        Row.Symbol = It->second;
+        Row.Time = ShiftedDateText(Row.Time, To - From);
+        Write.Put(Row);
+    }
+    PutSampleMeta(Write, Sample, To);
+    Write.Commit();
+    Outcome.MonthsRolled = To - From;
+    Outcome.Notices.push_back({kSampleRolled, {std::to_string(To - From), Sample.FirstExpiry(To)}});
+}
+
+void CreateSample(TStore& Store, const TSampleMarket& Sample, const std::string& Today, TSampleOutcome& Outcome) {
+    const int Months = Sample.MonthsFor(Today);
+    const std::set<std::string> Imported = ImportedExchanges(Store.LoadMarket());
+    std::vector<TPositionRow> Kept;
+    for (const auto& Row : Store.LoadTrading().Positions)
+        if (const auto Product = Store.FindProduct(Row.Symbol); Product && Imported.contains(Product->Exchange))
+            Kept.push_back(Row);
+
+    TStoreTransaction Write(Store);
+    RemoveSample(Write, Store);
+    PutSample(Write, Sample.Expand(Months), Imported);
+    for (const auto& Row : Kept) Write.Put(Row);
+    PutSampleMeta(Write, Sample, Months);
+    Write.Commit();
+    Outcome.Created = true;
+    Outcome.MonthsRolled = Months;
+    if (Months > 0) Outcome.Notices.push_back({kSampleRolled, {std::to_string(Months), Sample.FirstExpiry(Months)}});
+}
+
+}  // namespace
+
+TSampleOutcome PrepareSampleMarket(TStore& Store, const std::filesystem::path& Folder, const std::string& Today) {
+    TSampleOutcome Outcome;
+    const bool Has = Store.ReadMeta(kMetaSampleMonths).has_value();
+    // An unaged sample needs no look at the files: a start after the first touches the database alone.
+    if (Has && Store.ReadMeta(kMetaSampleFirstExpiry).value_or("") >= Today) return Outcome;
+    const TSampleMarket Sample(Folder);
+    TellProblems(Sample, Folder, Outcome);
+    if (Sample.Empty()) return Outcome;
+    if (!Has) {
+        CreateSample(Store, Sample, Today, Outcome);
+        return Outcome;
+    }
+    const int From = StoredMonths(Store);
+    const int To = Sample.MonthsFor(Today, From);
+    if (To != From) MoveSample(Store, Sample, From, To, Outcome);
+    return Outcome;
+}
+
+TSampleOutcome ResetSampleMarket(TStore& Store, const std::filesystem::path& Folder, const std::string& Today) {
+    TSampleOutcome Outcome;
+    const TSampleMarket Sample(Folder);
+    TellProblems(Sample, Folder, Outcome);
+    if (!Sample.Empty()) CreateSample(Store, Sample, Today, Outcome);
+    return Outcome;
+}
+
+}  // namespace ws

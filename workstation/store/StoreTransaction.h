@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// One write to the store: everything between construction and Commit, or nothing of it.
+// Rows are put with prepared statements; 20,000 of them take well under a second.
+
+#include <string>
+
+#include "workstation/store/Store.h"
+
+namespace ws {
+
+class TStoreTransaction {
+public:
+    // Takes the write lock at once. Throws EStoreError (locked) when another program holds it. The store must
+    // outlive the transaction, and only one may be open on a store.
+    explicit TStoreTransaction(TStore& Store);
+    ~TStoreTransaction();  // rolls back what was not committed
+    TStoreTransaction(const TStoreTransaction&) = delete;
+    TStoreTransaction& operator=(const TStoreTransaction&) = delete;
+
+    void Commit();  // durable on disk when it returns
+
+    // Add the row or overwrite the one with the same key: exchange, currency, account, user by code; series by
+    // exchange and code; product and quote by symbol (a product keeps its place in the list; its attributes are
+    // replaced); band by code and lower edge; order option by exchange and option; position by account and symbol.
+    void Put(const TExchangeRow& Row);
+    void Put(const TCurrencyRow& Row);
+    void Put(const TSeriesRow& Row);
+    void Put(const TProductRow& Row);
+    void Put(const TQuoteRow& Row);
+    void Put(const TSpreadBandRow& Row);
+    void Put(const TOrderOptionRow& Row);
+    void Put(const TUserRow& Row);
+    void Put(const TAccountRow& Row, int SortIndex = 0);
+    void Put(const TPositionRow& Row);
+
+    // Each removes what hangs below it too: exchange -> series, order options; series -> products;
+    // product -> attributes, quote. Positions stay. Removing what is not there does nothing.
+    void RemoveExchange(const std::string& Exchange);
+    void RemoveSeries(const std::string& Exchange, const std::string& Series);
+    void RemoveProduct(const std::string& Symbol);
+    void RemoveQuote(const std::string& Symbol);
+    void RemoveQuotesOfSeries(const std::string& Exchange, const std::string& Series);
+    void RemovePosition(const std::string& Account, const std::string& Symbol);
+    void RemoveAllPositions();
+    void RemoveMarket();   // every row of a TMarketSet
+    void RemoveTrading();  // every row of a TTradingSet
+
+    void PutMarket(const TMarketSet& Market);     // every row of the set
+    void PutTrading(const TTradingSet& Trading);
+
+    void WriteSetting(const std::string& Section, const std::string& Key, const std::string& Value);
+    void WriteMeta(const std::string& Key, const std::string& Value);
+
+    // Which stored contract stands for which contract of the sample files (SampleStore.h).
+    void PutSampleSymbol(const std::string& Symbol, const std::string& BaseSymbol);
+    void RemoveSampleSymbols();
+
+private:
+    TStore& FStore;  // borrowed, outlives the transaction
+    bool FOpen = false;
+};
+
+}  // namespace ws
