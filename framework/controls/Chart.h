@@ -59,11 +59,11 @@ public:
     bool PenVisible = true;
     double GetMinimum() const { return FMinimum; }
     double GetMaximum() const { return FMaximum; }
-    // A bound beyond the other raises EAxisRange and changes nothing.
+    // A bound beyond the other, or not finite, raises EAxisRange and changes nothing.
     void SetMinimum(double Value);
     void SetMaximum(double Value);
     double GetIncrement() const { return FIncrement; }  // 0: the renderer's own spacing
-    void SetIncrement(double Value);
+    void SetIncrement(double Value);                    // not finite or below 0: 0
 
 private:
     TChart& FChart;
@@ -91,8 +91,8 @@ public:
     TChartLegend Legend;
     bool OuterBevel = true, View3D = true, BackWalls = true, Hints = false;
 
-    void AddSeries(TLineSeries& Series);      // borrowed; the series leaves by itself when it dies
-    void RemoveSeries(TLineSeries& Series);
+    void AddSeries(TLineSeries& Added);       // borrowed; the series leaves by itself when it dies
+    void RemoveSeries(TLineSeries& Removed);
     const std::vector<TLineSeries*>& Series() const { return FSeries; }
 
     // The range that the bottom axis shows: set bounds where it is not automatic, else the span of the active series'
@@ -105,8 +105,8 @@ public:
     void MouseMove(int X, int Y, int Shift = 0);
     void MouseLeave();
     bool HasCursor() const { return FHasCursor; }
-    double CursorAxisX() const;               // value of the bottom axis under the mouse
-    // Pixel of a value on the bottom axis, within the plot area.
+    double CursorAxisX() const;               // value of the bottom axis under the mouse; its minimum without one
+    // Pixel of a value on the bottom axis, brought into the plot area.
     int PixelOfX(double Value) const;
 
     std::function<void(TObject* Sender, int Shift, int X, int Y)> OnMouseMove;
@@ -116,7 +116,6 @@ public:
 
 private:
     friend class TLineSeries;
-    friend class TChartAxis;
     Text FTitle;
     TChartAxis FLeft{*this}, FBottom{*this};
     std::vector<TLineSeries*> FSeries;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <vector>
+
 #include "framework/controls/Control.h"
 
 namespace fw {
@@ -22,7 +24,7 @@ public:
     void SetItemIndex(int Index);
     const Text& GetText() const { return GetItem(FItemIndex); }
 
-    // Renderers reload once at the end of the outermost update.
+    // Renderers reload once at the end of the outermost update; OnChange does not wait for it.
     void BeginUpdate() { ++FUpdating; }
     void EndUpdate();
 
@@ -33,11 +35,11 @@ public:
 
 private:
     void ItemsChanged();
-    void ChangeIndex(int Index);
+    void IndexChanged();
     std::vector<Text> FItems;
     int FItemIndex = -1;
     int FUpdating = 0;
-    bool FItemsDirty = false;
+    bool FItemsDirty = false, FIndexDirty = false;
 };
 
 }  // namespace fw

@@ -90,7 +90,7 @@ public:
 
 private:
     friend class TControl;
-    void Focus(TControl* Control);
+    void Focus(TControl& Control);
     bool Has(const TControl* Control) const;
     std::vector<TControl*> FControls;
     TControl* FFocused = nullptr;

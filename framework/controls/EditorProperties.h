@@ -44,7 +44,7 @@ public:
     std::optional<double> MinValue, MaxValue;
     bool ButtonsLeftAndRight = false;
     bool LeftAlignWhileEditing = true;
-    bool FloatValues = false;
+    bool FloatValues = false;   // false: only whole numbers are taken
 };
 
 class FRAMEWORK_API TcxComboBoxProperties : public TcxEditProperties {

@@ -34,13 +34,14 @@ public:
     EValueType ValueType = EValueType::String;
     bool Editing = false, Sorting = false, Filtering = false, Focusing = true;
 
-    // Owned; null: plain text editor. SetProperties<TcxSpinEditProperties>() creates and returns them.
+    // Owned; null: plain text editor. SetProperties<TcxSpinEditProperties>() creates and returns them; an editor that is
+    // open in the column is cancelled.
     TcxEditProperties* GetProperties() const { return FProperties.get(); }
     template <class T>
     T& SetProperties() {
         auto Made = std::make_unique<T>();
         T& Result = *Made;
-        FProperties = std::move(Made);
+        ReplaceProperties(std::move(Made));
         return Result;
     }
 
@@ -50,6 +51,7 @@ public:
     std::function<void(TGridColumn& Column, int Row, TcxEditProperties*& Properties)> OnGetProperties;
 
 private:
+    void ReplaceProperties(std::unique_ptr<TcxEditProperties> Value);
     TGridTableView& FView;
     Text FCaption;
     int FWidth = 0;

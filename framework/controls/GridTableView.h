@@ -32,10 +32,11 @@ public:
 
     TGridOptions Options;
 
-    // Columns.
+    // Columns. Between BeginUpdate and the outermost EndUpdate renderers are told nothing of columns, records and cells;
+    // at its end they are told once.
     void BeginUpdate() { ++FUpdating; }
     void EndUpdate();
-    void ClearColumns();
+    void ClearColumns();                              // drops the cells, keeps the records; an open editor is cancelled
     TGridColumn& CreateColumn();
     int GetColumnCount() const { return static_cast<int>(FColumns.size()); }
     TGridColumn* GetColumn(int Index) const;          // null out of range
@@ -43,27 +44,33 @@ public:
 
     TGridDataController& GetDataController() { return FData; }
     const TGridDataController& GetDataController() const { return FData; }
-    // Borrowed; null unbinds. The view lets go of it when it dies.
+    // Borrowed; null unbinds. The view lets go of it when it dies. Columns ask the data control by their tag.
     void SetCustomDataSource(TCustomGridDataSource* Source);
     TCustomDataControl* GetDataControl() const;       // null when unbound
 
-    // What a cell shows: the data's text (or the properties' null text), then the column's OnGetDisplayText.
+    // What a cell shows: the data's text (or the properties' null text; bound: the data control's display value), then
+    // the column's OnGetDisplayText. Out of range: "".
     Text GetCellText(int Record, int Column);
     TStyle* GetCellStyle(int Record, int Column);     // null: default
     TcxEditProperties* GetCellProperties(int Record, int Column);
 
-    // Focus; -1 none. Moving to another cell posts the open editor first. Out of range: nothing.
+    // Focus; -1 none. Moving to another cell posts the open editor first, and does not move when a validation error keeps
+    // it open. Out of range, or a column without focusing: nothing.
     int GetFocusedRecord() const { return FFocusedRecord; }
     int GetFocusedColumn() const { return FFocusedColumn; }
     void SetFocusedCell(int Record, int Column);
 
-    // Editing. StartEdit focuses the cell, asks OnEditing and opens the editor; null when refused.
+    // Editing. StartEdit takes the focus, focuses the cell, asks OnEditing, then OnGetProperties, and opens the editor;
+    // null when refused. Without OnEditing the column's Editing option decides; disabled and bound views refuse. A cell
+    // whose editor is open gives that editor. While an editor is being posted no other one opens.
     TCellEditor* StartEdit(int Record, int Column);
-    bool CanEdit(int Record, int Column);             // focuses nothing, opens nothing: asks OnEditing only
+    // Focuses nothing, opens nothing: asks OnEditing only. Forms look at the focused record, so ask for that one.
+    bool CanEdit(int Record, int Column);
     TCellEditor* GetEditor() const { return FEditor.get(); }
     // Validates and writes the open editor's value into the cell and closes it. A refused text leaves the cell as it was,
     // with one warning in the log. A validation error keeps the editor open, a validation that throws closes it and
-    // leaves the cell as it was. An editor that was not modified only closes.
+    // leaves the cell as it was. An editor that was not modified only closes. A call from inside the validation does
+    // nothing; an editor cancelled there (its record deleted) writes nothing.
     void PostEditor() override;
     void CancelEdit();
     // The error text of the last refused validation; "" when there is none.
@@ -73,7 +80,8 @@ public:
 
     // Events of the form. Allow comes in as false.
     std::function<void(TGridTableView& View, TGridColumn& Column, bool& Allow)> OnEditing;
-    std::function<void(TGridTableView& View, TGridColumn& Column, TCellEditor& Editor, int& Key, int Shift)> OnEditKeyDown;
+    std::function<void(TGridTableView& View, TGridColumn& Column, TCellEditor& Editor, int& Key, int Shift)>
+        OnEditKeyDown;
     std::function<TStyle*(int Row, TGridColumn& Column)> OnGetContentStyle;
 
     // Signals for renderers.
@@ -83,28 +91,34 @@ public:
     TSignal<> OnFocusChanged;
     TSignal<> OnEditorChanged;               // opened, closed
     TSignal<> OnRepaint;
-    // A posted edit: record, column, what was typed, what stands in the cell now.
+    // A posted edit: record, column, what was typed (before validation), what stands in the cell now.
     TSignal<int, int, const Variant&, const Variant&> OnEdited;
-
-protected:
-    void DoExit() override;
 
 private:
     friend class TGridColumn;
     friend class TGridDataController;
     friend class TCellEditor;
+    enum class EValidation { Accepted, Refused, Threw };
     void ColumnsChanged();
     void RecordsChanged();
+    void CellChanged(int Record, int Column);
+    void CellWritten(int Record, int Column, const Variant& Value);
     void RecordDeleted(int Record);
     void RecordCountChanged(int Count);
-    bool ValidatePopup(const TcxPopupEditProperties& Properties, Variant& Value, bool& Threw);
+    void SourceChanged();
+    void MoveFocus(int Record, int Column);           // tells when it moved; posts nothing
+    bool HasCell(int Record, int Column) const;
+    bool AskEditing(TGridColumn& Column);
+    EValidation Validate(TCellEditor& Editor, Variant& Value);
+    bool HasEditorAt(int Record, int Column) const;
     void CloseEditor();
+    Text ColumnEvent(const TGridColumn& Column, std::string_view What) const;
 
     std::vector<std::unique_ptr<TGridColumn>> FColumns;
     TGridDataController FData;
     TCustomGridDataSource* FSource = nullptr;  // borrowed
     TConnections FSourceLinks;
-    std::unique_ptr<TCellEditor> FEditor;
+    std::shared_ptr<TCellEditor> FEditor;      // shared only with its own running calls
     bool FPosting = false;
     Text FErrorText;
     int FFocusedRecord = -1, FFocusedColumn = -1;

@@ -18,7 +18,8 @@ public:
     ~TSpinEdit() override;
 
     const Variant& GetValue() const { return FValue; }
-    // Replaces value and edit text. A float that is not finite is refused.
+    // Replaces value and edit text. Whole numbers and numeric texts become floats; what is no finite number changes
+    // nothing. Bounds hold for users, not for programs.
     void SetValue(const Variant& Value);
     double GetFloat() const { return FValue.AsFloat(0.0); }
 
@@ -38,7 +39,7 @@ public:
     Text GetText() const;
     bool IsModified() const { return FModified; }
 
-    void SetEditText(Text Value);   // the user types
+    void SetEditText(Text Value);   // the user types; the text already shown changes nothing
     // Applies the edit text: empty gives null; a finite number within the bounds becomes the value; anything else is
     // refused, the previous value stays and one warning ("Res_LogNumberRefused", typed text) is logged.
     void PostEditor() override;
