@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 . "$(dirname "${BASH_SOURCE[0]}")/planting.sh"
 
-for file in framework/base/Text.h engine/VentiqDataControl.h orders/VentiqSubmission.h view/VentiqForm.h view/VentiqTexts.h \
+for file in framework/base/Text.h engine/VentiqDataControl.h orders/VentiqSubmission.h view/VentiqForm.h view/VentiqTexts.h view/VentiqConfig.h view/VentiqOrderFlags.h \
             registration/VentiqInterface.h registration/VentiqConstDef.h workstation/shell/MainWindow.h; do
   plant "$file" </dev/null
 done
@@ -31,7 +31,8 @@ breach includes registration/A.cpp 'may not be included from registration/' <<<'
 breach includes workstation/A.cpp 'may not be included from workstation/' <<<'#include "engine/VentiqDataControl.h"'
 breach includes workstation/A.h 'may not be included from workstation/' <<<'#include "registration/VentiqConstDef.h"'
 breach includes workstation/A.h 'not found from the top folder' <<<'#include "MainWindow.h"'
-breach includes view/VentiqForm.cpp 'is of level 1, not below level 0' <<<'#include "view/VentiqTexts.h"'
+breach includes view/VentiqForm.cpp "is of level 1, not below level 0" <<<'#include "view/VentiqConfig.h"'
+breach includes view/VentiqConfig.cpp "is of level 1, not below level 1" <<<'#include "view/VentiqOrderFlags.h"'
 breach includes tests/engine/A_test.cpp 'must run without it' <<<'#include <QTest>'
 breach includes tests/scenarios/A_test.cpp 'may not be included from a test' <<<'#include "workstation/shell/MainWindow.h"'
 breach includes engine/CMakeLists.txt 'may not name this' <<<'target_link_libraries(ventiq_engine PUBLIC framework Qt6::Core)'
