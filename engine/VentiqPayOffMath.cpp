@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "engine/VentiqPayOffMath.h"
+
+#include <algorithm>
+#include <array>
+
+#include "framework/base/Numbers.h"
+#include "framework/services/SubscribeAdapter.h"
+#include "registration/VentiqConstDef.h"
+
+namespace ventiq {
+
+namespace {
+
+constexpr std::array kCallCodes{1, 6, 10, 12, 20, 22, 24, 62, 64};
+constexpr std::array kPutCodes{2, 7, 11, 13, 21, 23, 25, 63, 65};
+
+template <class TCodes>
+bool Holds(const TCodes& Codes, int32_t Code) {
+    return std::find(Codes.begin(), Codes.end(), Code) != Codes.end();
+}
+
+// No tolerance, and every side but a sale is a purchase: that is how futures count here, unlike options.
+double FutureBase(const TLegTerms& Leg, double Price) {
+    return Leg.Side == kSideSell ? Leg.Premium - Price : Price - Leg.Premium;
+}
+
+// Within the tolerance of the strike an option is out of the money, so that its result there is exactly the premium.
+double OptionBase(const TLegTerms& Leg, double Price) {
+    const bool Known = Leg.CallPut == kCall || Leg.CallPut == kPut;
+    if (!Known || (Leg.Side != kSideBuy && Leg.Side != kSideSell)) return 0.0;
+    const double Distance = Price - Leg.Strike;
+    const double Gain = Leg.CallPut == kCall ? Distance : -Distance;
+    const bool InTheMoney = Leg.CallPut == kCall ? Distance > kPayOffTolerance : Distance < -kPayOffTolerance;
+    if (!InTheMoney) return Leg.Side == kSideBuy ? -Leg.Premium : Leg.Premium;
+    return Leg.Side == kSideBuy ? Gain - Leg.Premium : -(Gain - Leg.Premium);
+}
+
+}  // namespace
+
+double TCustomPayOffData::CalculatePL(double Price) const { return LegPL(ReadLegTerms(*this, *PriceDataItem(FSymbol)), Price); }
+
+int32_t GetCallPut(const TCustomSubItem& Item) {
+    const Text Code = Item.GetFieldText(kFieldCallPut);
+    if (const auto Number = TextToInt(Code)) {
+        if (Holds(kCallCodes, *Number)) return kCall;
+        return Holds(kPutCodes, *Number) ? kPut : kCallPutUnknown;
+    }
+    if (Code.empty()) return kCallPutUnknown;
+    if (Code[0] == 'c' || Code[0] == 'C') return kCall;
+    return Code[0] == 'p' || Code[0] == 'P' ? kPut : kCallPutUnknown;
+}
+
+TCustomSubItem* PriceDataItem(const Text& Symbol) { return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0); }
+
+TLegTerms ReadLegTerms(const TCustomPayOffData& Leg, const TCustomSubItem& Item) {
+    TLegTerms Result;
+    Result.ProductType = TextToInt(Item.GetFieldText(kFieldProductType));
+    if (!Result.ProductType) return Result;
+    Result.Strike = Item.GetFieldValue(kFieldStrike);
+    Result.CallPut = GetCallPut(Item);
+    Result.Side = Leg.FSide;
+    Result.Premium = Leg.FPremium;
+    Result.Qty = Leg.FQty;
+    if (Item.HasField(kFieldMultiplier)) Result.Multiplier = Item.GetFieldValue(kFieldMultiplier);
+    return Result;
+}
+
+double LegPL(const TLegTerms& Leg, double Price) {
+    if (!Leg.ProductType) return 0.0;
+    double Base = 0.0;
+    if (*Leg.ProductType == kProductFuture) Base = FutureBase(Leg, Price);
+    if (*Leg.ProductType == kProductOption) Base = OptionBase(Leg, Price);
+    return (Base * Leg.Qty) * Leg.Multiplier;
+}
+
+double SumPL(const TLegTermsList& Legs, double Price) {
+    double Sum = 0.0;
+    for (const auto& Leg : Legs) Sum += LegPL(Leg, Price);
+    return Sum;
+}
+
+bool HasUsableTerms(const TLegTerms& Leg) {
+    if (Leg.ProductType == kProductOption) return Leg.CallPut != kCallPutUnknown;
+    return Leg.ProductType == kProductFuture;
+}
+
+}  // namespace ventiq
