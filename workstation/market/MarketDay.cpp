@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/market/MarketDay.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+
+namespace ws {
+
+namespace {
+
+bool AllDigits(std::string_view S) {
+    return std::all_of(S.begin(), S.end(), [](char C) { return C >= '0' && C <= '9'; });
+}
+
+int NumberOf(std::string_view Digits) {
+    int Value = 0;
+    std::from_chars(Digits.data(), Digits.data() + Digits.size(), Value);
+    return Value;
+}
+
+std::string TwoDigits(long Value) {
+    std::array<char, 24> Buffer{};
+    std::snprintf(Buffer.data(), Buffer.size(), "%02ld", Value);
+    return Buffer.data();
+}
+
+}  // namespace
+
+std::optional<std::chrono::sys_days> MarketDayOf(std::string_view Text) {
+    if (Text.size() != 10 || Text[4] != '/' || Text[7] != '/') return std::nullopt;
+    const std::string_view Y = Text.substr(0, 4), M = Text.substr(5, 2), D = Text.substr(8, 2);
+    if (!AllDigits(Y) || !AllDigits(M) || !AllDigits(D)) return std::nullopt;
+    const std::chrono::year_month_day Date{std::chrono::year{NumberOf(Y)},
+                                           std::chrono::month{static_cast<unsigned>(NumberOf(M))},
+                                           std::chrono::day{static_cast<unsigned>(NumberOf(D))}};
+    if (!Date.ok()) return std::nullopt;
+    return std::chrono::sys_days{Date};
+}
+
+std::string MarketDayText(std::chrono::sys_days Day) {
+    const std::chrono::year_month_day Date{Day};
+    std::array<char, 48> Buffer{};
+    std::snprintf(Buffer.data(), Buffer.size(), "%04d/%02u/%02u", static_cast<int>(Date.year()),
+                  static_cast<unsigned>(Date.month()), static_cast<unsigned>(Date.day()));
+    return Buffer.data();
+}
+
+std::chrono::sys_days MarketDayAt(std::chrono::system_clock::time_point Utc, int OffsetMinutes) {
+    return std::chrono::floor<std::chrono::days>(Utc + std::chrono::minutes{OffsetMinutes});
+}
+
+std::string MarketTimeText(std::chrono::system_clock::time_point Utc, int OffsetMinutes) {
+    const auto Local = std::chrono::floor<std::chrono::seconds>(Utc + std::chrono::minutes{OffsetMinutes});
+    const auto Day = std::chrono::floor<std::chrono::days>(Local);
+    const long Second = static_cast<long>((Local - Day).count());
+    return MarketDayText(Day) + " " + TwoDigits(Second / 3600) + ":" + TwoDigits(Second / 60 % 60) + ":" +
+           TwoDigits(Second % 60);
+}
+
+}  // namespace ws
