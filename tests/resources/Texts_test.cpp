@@ -8,6 +8,8 @@
 #include <set>
 #include <stdexcept>
 
+#include "tests/resources/PayoffViewKeys.h"
+
 namespace ws {
 namespace {
 
@@ -105,51 +107,8 @@ TEST(Texts, AReasonInsideASentenceIsTranslatedWithIt) {
     EXPECT_EQ(Table.Sentence("Res_Unknown", {"a"}, 0), "Res_Unknown");
 }
 
-// The keys that the payoff view asks for.
 TEST(Texts, EveryKeyOfThePayoffViewHasATextInEveryLanguage) {
-    const char* const kKeys[] = {"Res_Account",
-                                 "Res_Calculate",
-                                 "Res_CalculateInputInvalid",
-                                 "Res_Call",
-                                 "Res_CallPut",
-                                 "Res_Clear",
-                                 "Res_DownPrice",
-                                 "Res_Exchange",
-                                 "Res_ExpiryDate",
-                                 "Res_HideHint",
-                                 "Res_Interval",
-                                 "Res_Less",
-                                 "Res_Load",
-                                 "Res_LoadPayOffPositionFailed",
-                                 "Res_Month",
-                                 "Res_More",
-                                 "Res_NoOrderAdd",
-                                 "Res_OpenClose",
-                                 "Res_OpenClose_N",
-                                 "Res_OrderClose",
-                                 "Res_OrderOpen",
-                                 "Res_OrderPrice",
-                                 "Res_OrderQty",
-                                 "Res_PL",
-                                 "Res_PayOffPremium",
-                                 "Res_Principal",
-                                 "Res_Principal_C",
-                                 "Res_Principal_H",
-                                 "Res_Principal_N",
-                                 "Res_Principal_RT",
-                                 "Res_Put",
-                                 "Res_Remark",
-                                 "Res_Series",
-                                 "Res_ShowHint",
-                                 "Res_Side",
-                                 "Res_Side_Buy",
-                                 "Res_Side_Sell",
-                                 "Res_StrikePrice",
-                                 "Res_Submit",
-                                 "Res_Symbol",
-                                 "Res_UpPrice",
-                                 "Res_Ventiq"};
-    for (const char* Key : kKeys) {
+    for (const char* Key : kPayoffViewKeys) {
         for (int Language = 0; Language < kLanguageCount; ++Language) {
             const std::string Text = Embedded(Key, Language);
             EXPECT_NE(Text, Key) << Language;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -17,8 +18,15 @@ class TJournal {
 public:
     bool RecordReads = false;
 
-    void Call(fw::Text Line) { FLines.push_back(std::move(Line)); }
+    // Sees every call and read, recorded or not, and may throw in its place (a service that fails).
+    std::function<void(const fw::Text& Line)> OnLine;
+
+    void Call(fw::Text Line) {
+        FLines.push_back(std::move(Line));
+        if (OnLine) OnLine(FLines.back());
+    }
     void Read(fw::Text Line) {
+        if (OnLine) OnLine(Line);
         if (RecordReads) FLines.push_back(std::move(Line));
     }
 
