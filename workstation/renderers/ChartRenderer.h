@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include <QWidget>
+
+#include "framework/controls/Chart.h"
+#include "workstation/renderers/ModelRef.h"
+#include "workstation/renderers/RenderContext.h"
+
+namespace ws {
+
+// Draws the chart and tells the model where the axes lie and where the mouse is.
+class TChartRenderer : public QWidget {
+public:
+    TChartRenderer(fw::TChart& Model, TRenderContext& Context, QWidget* Parent);
+    ~TChartRenderer() override;
+
+    void Redraw();  // at once; otherwise changes are gathered until control is back in the loop
+    QRect GetPlotArea() const;
+    // What stands on the screen, for tests: number of lines drawn, and the marks of the value axis.
+    int GetLineCount() const;
+    double GetTickStep() const;
+
+protected:
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
+
+private:
+    class TPlot;
+    void DrawLater();
+
+    TModelRef<fw::TChart> FModel;
+    TRenderContext& FContext;
+    fw::TConnections FLinks;
+    std::unique_ptr<TPlot> FPlot;
+    bool FWaiting = false;
+};
+
+}  // namespace ws

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/renderers/LayoutRenderer.h"
+
+#include <QBoxLayout>
+#include <QSplitter>
+
+#include "framework/controls/Button.h"
+#include "workstation/renderers/QtText.h"
+#include "workstation/renderers/RendererFactory.h"
+
+namespace ws {
+
+namespace {
+
+bool IsLow(const fw::TControl* Control) {
+    return Control && !dynamic_cast<const fw::TLayoutGroup*>(Control) && dynamic_cast<const fw::TButton*>(Control);
+}
+
+void SetExtent(QWidget& Widget, bool Horizontal, int Size) {
+    if (Horizontal) Widget.setFixedWidth(Size);
+    else Widget.setFixedHeight(Size);
+}
+
+}  // namespace
+
+TLayoutItemRenderer::TLayoutItemRenderer(fw::TLayoutItem& Model, TRenderContext& Context, QWidget* Parent)
+    : QWidget(Parent), FModel(Model) {
+    auto* Column = new QVBoxLayout(this);
+    Column->setContentsMargins(0, 0, 0, 0);
+    Column->setSpacing(1);
+    FCaption = new QLabel(this);
+    Column->addWidget(FCaption);
+    if (fw::TControl* Control = Model.GetControl()) {
+        FContent = MakeRenderer(*Control, Context, this);
+        if (IsLow(Control)) Column->addStretch(1);  // a button stands on the same line as the editors beside it
+        if (FContent) Column->addWidget(FContent, IsLow(Control) ? 0 : 1);
+    }
+    FCaption->setBuddy(FContent);
+    FLinks += Model.OnModelChanged.Connect([this] { Reload(); });
+    Reload();
+}
+
+void TLayoutItemRenderer::Reload() {
+    const QString Caption = ToQt(FModel->GetCaption());
+    FCaption->setText(Caption);
+    FCaption->setVisible(!Caption.isEmpty());
+    if (FContent && !Caption.isEmpty()) FContent->setAccessibleName(Caption);
+    setEnabled(FModel->IsEnabled());
+    setVisible(FModel->IsVisible());
+}
+
+TLayoutGroupRenderer::TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderContext& Context, QWidget* Parent)
+    : QWidget(Parent), FModel(Model), FContext(Context) {
+    const bool Horizontal = Model.GetDirection() == fw::EDirection::Horizontal;
+    auto* Box = new QBoxLayout(Horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, this);
+    Box->setContentsMargins(0, 0, 0, 0);
+    Box->setSpacing(Context.Scaled(6));
+    if (Model.Splitter) {
+        FSplitter = new QSplitter(Horizontal ? Qt::Horizontal : Qt::Vertical, this);
+        FSplitter->setChildrenCollapsible(false);
+        FSplitter->setHandleWidth(Context.Scaled(6));
+        Box->addWidget(FSplitter, 1);
+    }
+    bool Stretches = Model.Splitter;
+    for (fw::TLayoutNode* Node : Model.Nodes()) {
+        QWidget* Widget = MakeRenderer(*Node, Context, FSplitter ? static_cast<QWidget*>(FSplitter) : this);
+        if (!Widget) continue;
+        Stretches |= Node->Stretch > 0;
+        if (FSplitter) AddToSplitter(*Node, Widget);
+        else AddToBox(*Box, *Node, Widget);
+    }
+    if (!Stretches) Box->addStretch(1);
+    FLinks += Model.OnModelChanged.Connect([this] { setVisible(FModel->IsVisible()); });
+    setVisible(Model.IsVisible());
+}
+
+void TLayoutGroupRenderer::AddToBox(QBoxLayout& Box, fw::TLayoutNode& Node, QWidget* Widget) {
+    const bool Horizontal = FModel->GetDirection() == fw::EDirection::Horizontal;
+    if (Node.PreferredSize > 0) {
+        const int Size = FContext.Scaled(Node.PreferredSize);
+        if (Node.Stretch <= 0) SetExtent(*Widget, Horizontal, Size);
+        else if (Horizontal) Widget->setMinimumWidth(Size);
+        else Widget->setMinimumHeight(Size);
+    }
+    Box.addWidget(Widget, Node.Stretch);
+}
+
+void TLayoutGroupRenderer::AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget) {
+    FSplitter->addWidget(Widget);
+    FSplitter->setStretchFactor(FSplitter->indexOf(Widget), Node.Stretch);
+}
+
+void TLayoutGroupRenderer::resizeEvent(QResizeEvent* Event) {
+    QWidget::resizeEvent(Event);
+    if (FSplitter && !FShared && FModel) ShareRoom();
+}
+
+// Preferred sizes first, what is left by stretch; a node with neither gets its size hint.
+void TLayoutGroupRenderer::ShareRoom() {
+    const bool Horizontal = FSplitter->orientation() == Qt::Horizontal;
+    const auto& Nodes = FModel->Nodes();
+    if (static_cast<int>(Nodes.size()) != FSplitter->count()) return;
+    const int Room = Horizontal ? width() : height();
+    if (Room <= 0) return;
+    QList<int> Sizes;
+    int Taken = 0, Stretches = 0;
+    for (int i = 0; i < FSplitter->count(); ++i) {
+        const fw::TLayoutNode& Node = *Nodes[static_cast<size_t>(i)];
+        const QSize Hint = FSplitter->widget(i)->sizeHint();
+        int Size = Node.PreferredSize > 0 ? FContext.Scaled(Node.PreferredSize) : 0;
+        if (Size == 0 && Node.Stretch <= 0) Size = Horizontal ? Hint.width() : Hint.height();
+        Sizes << Size;
+        Taken += Size;
+        Stretches += std::max(Node.Stretch, 0);
+    }
+    for (int i = 0; i < FSplitter->count() && Stretches > 0 && Room > Taken; ++i)
+        Sizes[i] += (Room - Taken) * std::max(Nodes[static_cast<size_t>(i)]->Stretch, 0) / Stretches;
+    FSplitter->setSizes(Sizes);
+    FShared = true;
+}
+
+}  // namespace ws

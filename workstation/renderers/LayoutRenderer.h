@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <vector>
+
+#include <QLabel>
+#include <QWidget>
+
+#include "framework/controls/LayoutControl.h"
+#include "workstation/renderers/ModelRef.h"
+#include "workstation/renderers/RenderContext.h"
+
+class QBoxLayout;
+class QSplitter;
+
+namespace ws {
+
+// One control with its caption above it; the caption is also the control's name for screen readers.
+class TLayoutItemRenderer : public QWidget {
+public:
+    TLayoutItemRenderer(fw::TLayoutItem& Model, TRenderContext& Context, QWidget* Parent);
+
+private:
+    void Reload();
+
+    TModelRef<fw::TLayoutItem> FModel;
+    fw::TConnections FLinks;
+    QLabel* FCaption = nullptr;
+    QWidget* FContent = nullptr;
+};
+
+// Nodes one after the other along the group's direction, with movable borders where the model says so.
+class TLayoutGroupRenderer : public QWidget {
+public:
+    TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderContext& Context, QWidget* Parent);
+
+    QSplitter* GetSplitter() const { return FSplitter; }  // null for a fixed group
+
+protected:
+    void resizeEvent(QResizeEvent* Event) override;
+
+private:
+    void AddToBox(QBoxLayout& Box, fw::TLayoutNode& Node, QWidget* Widget);
+    void AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget);
+    void ShareRoom();
+
+    TModelRef<fw::TLayoutGroup> FModel;
+    TRenderContext& FContext;
+    fw::TConnections FLinks;
+    QSplitter* FSplitter = nullptr;
+    bool FShared = false;  // the splitter has got its first sizes; later ones are the user's
+};
+
+}  // namespace ws

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "framework/controls/SpinEdit.h"
+#include "workstation/renderers/ModelRef.h"
+#include "workstation/renderers/RenderContext.h"
+#include "workstation/renderers/ButtonLine.h"
+
+namespace ws {
+
+class TSpinEditRenderer : public TButtonLine {
+public:
+    TSpinEditRenderer(fw::TSpinEdit& Model, TRenderContext& Context, QWidget* Parent);
+
+private:
+    void Reload();
+    bool KeyPressed(QKeyEvent* Event);
+
+    TModelRef<fw::TSpinEdit> FModel;
+    fw::TConnections FLinks;
+};
+
+}  // namespace ws

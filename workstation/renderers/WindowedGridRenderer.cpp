@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/renderers/WindowedGridRenderer.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include "framework/base/Dispatch.h"
+#include "workstation/renderers/ColumnIds.h"
+#include "workstation/renderers/ColumnWidths.h"
+#include "workstation/renderers/FocusBridge.h"
+#include "workstation/renderers/GridModel.h"
+#include "workstation/renderers/QtText.h"
+
+namespace ws {
+
+namespace {
+
+constexpr int kPadding = 4;
+constexpr int kWheelNotch = 120;
+constexpr int kRowsPerNotch = 3;
+
+// Above zero points up, below zero points down: the sign is seen without its colour.
+void DrawSign(QPainter& Painter, const QRect& Box, double Value, const QColor& Color) {
+    const double Up = Value > 0 ? -1.0 : 1.0;
+    const QPointF Middle = QRectF(Box).center();
+    const double Half = Box.width() / 2.0;
+    QPainterPath Path(Middle + QPointF(-Half, -Up * Half / 2));
+    Path.lineTo(Middle + QPointF(Half, -Up * Half / 2));
+    Path.lineTo(Middle + QPointF(0, Up * Half / 2));
+    Path.closeSubpath();
+    Painter.setRenderHint(QPainter::Antialiasing);
+    Painter.fillPath(Path, Color);
+    Painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+}  // namespace
+
+TWindowedGridRenderer::TWindowedGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent)
+    : QAbstractScrollArea(Parent), FView(View), FContext(Context) {
+    setFocusPolicy(Qt::StrongFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setBackgroundRole(QPalette::Base);
+    viewport()->setAutoFillBackground(true);
+    setMinimumSize(Context.Scaled(120), 4 * RowHeight());
+    new TFocusBridge(View, *this);
+    const auto Redraw = [this] { viewport()->update(); };
+    FLinks += View.OnRecordsChanged.Connect([this] { Reload(); });
+    FLinks += View.OnColumnsChanged.Connect(Redraw);
+    FLinks += View.OnRepaint.Connect(Redraw);
+    FLinks += View.OnCellChanged.Connect([Redraw](int, int) { Redraw(); });
+    FLinks += View.OnModelChanged.Connect([this] {
+        setEnabled(FView->IsEnabled());
+        setVisible(FView->IsVisible());
+    });
+    FLinks += Context.OnSkinChanged.Connect(Redraw);
+    Reload();
+}
+
+int TWindowedGridRenderer::GetRowCount() const { return FView ? FView->GetDataController().GetRecordCount() : 0; }
+int TWindowedGridRenderer::GetTopRow() const { return verticalScrollBar()->value(); }
+int TWindowedGridRenderer::RowHeight() const { return fontMetrics().height() + kPadding; }
+int TWindowedGridRenderer::HeaderHeight() const { return fontMetrics().height() + 2 * kPadding; }
+
+int TWindowedGridRenderer::GetFullRows() const {
+    return std::max(1, (viewport()->height() - HeaderHeight()) / RowHeight());
+}
+
+int TWindowedGridRenderer::RowAt(int Y) const {
+    if (Y < HeaderHeight()) return -1;
+    const int64_t Row = static_cast<int64_t>(GetTopRow()) + (Y - HeaderHeight()) / RowHeight();
+    return Row < GetRowCount() ? static_cast<int>(Row) : -1;
+}
+
+void TWindowedGridRenderer::UpdateScrollBar() {
+    const int Rows = GetFullRows();
+    verticalScrollBar()->setRange(0, std::max(0, GetRowCount() - Rows));
+    verticalScrollBar()->setPageStep(Rows);
+    verticalScrollBar()->setSingleStep(1);
+}
+
+void TWindowedGridRenderer::Reload() {
+    if (FCurrent >= GetRowCount()) FCurrent = -1;
+    UpdateScrollBar();
+    viewport()->update();
+}
+
+void TWindowedGridRenderer::ScrollTo(int Row) {
+    const int Rows = GetFullRows();
+    if (Row < GetTopRow()) verticalScrollBar()->setValue(Row);
+    else if (static_cast<int64_t>(Row) >= static_cast<int64_t>(GetTopRow()) + Rows) verticalScrollBar()->setValue(Row - Rows + 1);
+}
+
+void TWindowedGridRenderer::SetCurrent(int64_t Row) {
+    if (GetRowCount() == 0) return;
+    FCurrent = static_cast<int>(std::clamp<int64_t>(Row, 0, GetRowCount() - 1));
+    ScrollTo(FCurrent);
+    viewport()->update();
+}
+
+// --- painting
+
+QString TWindowedGridRenderer::CellText(int Row, int Column) const {
+    return ToQt(fw::DispatchValue<fw::Text>("GetCellText", {}, [&] { return FView->GetCellText(Row, Column); }));
+}
+
+void TWindowedGridRenderer::PaintHeader(QPainter& Painter, const std::vector<int>& Widths) const {
+    const QRect Bar(0, 0, viewport()->width(), HeaderHeight());
+    Painter.fillRect(Bar, FContext.Color("coHeader"));
+    int X = 0;
+    for (size_t i = 0; i < Widths.size(); ++i) {
+        if (Widths[i] == 0) continue;
+        const fw::TGridColumn& Column = *FView->GetColumn(static_cast<int>(i));
+        const QRect Cell(X, 0, Widths[i], HeaderHeight());
+        X += Widths[i];
+        const QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
+        const QString Caption = ToQt(Column.GetCaption());
+        const bool Right = Column.ValueType == fw::EValueType::Float && Column.HeaderAlignment == fw::EAlignment::Left;
+        Painter.setPen(FContext.Color("coHeaderText"));
+        Painter.drawText(Room, static_cast<int>(Right ? ToQtAlignment(fw::EAlignment::Right) : ToQtAlignment(Column.HeaderAlignment)),
+                         FView->Options.HeaderEndEllipsis ? fontMetrics().elidedText(Caption, Qt::ElideRight, Room.width()) : Caption);
+        Painter.setPen(FContext.Color("coGridLine"));
+        Painter.drawLine(Cell.topRight(), Cell.bottomRight());
+    }
+    Painter.setPen(FContext.Color("coBorder"));
+    Painter.drawLine(Bar.bottomLeft(), Bar.bottomRight());
+}
+
+void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const {
+    const fw::TGridColumn& Each = *FView->GetColumn(Column);
+    QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
+    QColor Ink = palette().color(QPalette::Text);
+    const QColor Background = Row == FCurrent ? FContext.Color("coAlternateBase") : palette().color(QPalette::Base);
+    if (Each.Tag == kColumnProfitLoss) {
+        const double Value = fw::DispatchValue<double>("GetValue", 0.0, [&] { return FView->GetDataController().GetValue(Row, Column).AsFloat(0.0); });
+        if (Value != 0.0 && std::isfinite(Value)) {
+            Ink = FContext.Color(Value > 0 ? "coProfit" : "coLoss");
+            const int Side = fontMetrics().ascent() * 2 / 3;
+            DrawSign(Painter, QRect(Room.left(), Room.center().y() - Side / 2, Side, Side), Value, Ink);
+            Room.setLeft(Room.left() + Side + 2);
+        }
+    }
+    const auto* Properties = FView->GetCellProperties(Row, Column);
+    const auto Alignment = Properties ? Properties->Alignment
+                           : Each.ValueType == fw::EValueType::Float ? fw::EAlignment::Right : fw::EAlignment::Left;
+    const QString Text = CellText(Row, Column);
+    Painter.setPen(ReadableOn(Background, Ink));
+    Painter.drawText(Room, static_cast<int>(ToQtAlignment(Alignment)) | Qt::TextSingleLine,
+                     FView->Options.CellEndEllipsis ? fontMetrics().elidedText(Text, Qt::ElideRight, Room.width()) : Text);
+}
+
+void TWindowedGridRenderer::PaintRow(QPainter& Painter, int Row, int Y, const std::vector<int>& Widths) const {
+    if (Row == FCurrent) Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coAlternateBase"));
+    int X = 0;
+    for (size_t i = 0; i < Widths.size(); ++i) {
+        if (Widths[i] == 0) continue;
+        const QRect Cell(X, Y, Widths[i], RowHeight());
+        PaintCell(Painter, Row, static_cast<int>(i), Cell);
+        X += Widths[i];
+        Painter.setPen(FContext.Color("coGridLine"));
+        Painter.drawLine(Cell.topRight(), Cell.bottomRight());
+    }
+    Painter.setPen(FContext.Color("coGridLine"));
+    Painter.drawLine(0, Y + RowHeight() - 1, viewport()->width(), Y + RowHeight() - 1);
+    if (Row == FCurrent && hasFocus()) {
+        Painter.setPen(FContext.Color("coAccent"));
+        Painter.drawRect(0, Y, viewport()->width() - 1, RowHeight() - 2);
+    }
+}
+
+void TWindowedGridRenderer::paintEvent(QPaintEvent*) {
+    if (!FView) return;
+    QPainter Painter(viewport());
+    const auto Widths = ColumnWidths(*FView.Get(), FContext, viewport()->width());
+    PaintHeader(Painter, Widths);
+    const int Count = GetRowCount();
+    if (Count == 0)
+        Painter.drawText(viewport()->rect().adjusted(0, HeaderHeight(), 0, 0), Qt::AlignCenter, ToQt(FView->Options.NoDataText));
+    int64_t Row = GetTopRow();
+    for (int Y = HeaderHeight(); Y < viewport()->height() && Row < Count; Y += RowHeight(), ++Row)
+        PaintRow(Painter, static_cast<int>(Row), Y, Widths);
+}
+
+// --- input
+
+int TWindowedGridRenderer::ColumnAt(int X) const {
+    const auto Widths = ColumnWidths(*FView.Get(), FContext, viewport()->width());
+    for (size_t i = 0; i < Widths.size(); ++i) {
+        if (X < Widths[i]) return static_cast<int>(i);
+        X -= Widths[i];
+    }
+    return -1;
+}
+
+bool TWindowedGridRenderer::viewportEvent(QEvent* Event) {
+    if (Event->type() != QEvent::ToolTip || !FView) return QAbstractScrollArea::viewportEvent(Event);
+    const auto* Help = static_cast<QHelpEvent*>(Event);
+    const int Row = RowAt(Help->pos().y()), Column = ColumnAt(Help->pos().x());
+    if (FView->Options.CellHints && Row >= 0 && Column >= 0) QToolTip::showText(Help->globalPos(), CellText(Row, Column), viewport());
+    else QToolTip::hideText();
+    return true;
+}
+
+void TWindowedGridRenderer::resizeEvent(QResizeEvent* Event) {
+    QAbstractScrollArea::resizeEvent(Event);
+    UpdateScrollBar();
+}
+
+void TWindowedGridRenderer::changeEvent(QEvent* Event) {
+    QAbstractScrollArea::changeEvent(Event);
+    if (Event->type() == QEvent::FontChange) Reload();
+}
+
+void TWindowedGridRenderer::keyPressEvent(QKeyEvent* Event) {
+    const int64_t Page = GetFullRows(), From = std::max(FCurrent, 0);
+    switch (Event->key()) {
+        case Qt::Key_Up: return SetCurrent(FCurrent < 0 ? GetTopRow() : From - 1);
+        case Qt::Key_Down: return SetCurrent(FCurrent < 0 ? GetTopRow() : From + 1);
+        case Qt::Key_PageUp: return SetCurrent(From - Page);
+        case Qt::Key_PageDown: return SetCurrent(From + Page);
+        case Qt::Key_Home: return SetCurrent(0);
+        case Qt::Key_End: return SetCurrent(static_cast<int64_t>(GetRowCount()) - 1);
+        default: QAbstractScrollArea::keyPressEvent(Event);
+    }
+}
+
+void TWindowedGridRenderer::wheelEvent(QWheelEvent* Event) {
+    FWheelRest += Event->angleDelta().y() * kRowsPerNotch;
+    const int Rows = FWheelRest / kWheelNotch;
+    FWheelRest -= Rows * kWheelNotch;
+    const int64_t Target = static_cast<int64_t>(GetTopRow()) - Rows;
+    verticalScrollBar()->setValue(static_cast<int>(std::clamp<int64_t>(Target, 0, verticalScrollBar()->maximum())));
+    Event->accept();
+}
+
+void TWindowedGridRenderer::mousePressEvent(QMouseEvent* Event) {
+    if (const int Row = RowAt(Event->position().toPoint().y()); Row >= 0) SetCurrent(Row);
+}
+
+}  // namespace ws

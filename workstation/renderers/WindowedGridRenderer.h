@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <vector>
+
+#include <QAbstractScrollArea>
+
+#include "framework/controls/GridTableView.h"
+#include "workstation/renderers/ModelRef.h"
+#include "workstation/renderers/RenderContext.h"
+
+namespace ws {
+
+// A read-only table over a data control with any number of rows up to 2^31 - 1: only the visible rows are asked for, and
+// nothing is kept for the others. The scroll bar counts rows, not pixels.
+class TWindowedGridRenderer : public QAbstractScrollArea {
+public:
+    TWindowedGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent);
+
+    int GetRowCount() const;
+    int GetTopRow() const;
+    int GetFullRows() const;      // rows that are wholly visible
+    int RowAt(int Y) const;       // row at a height of the viewport; -1 none
+    int GetCurrentRow() const { return FCurrent; }
+    void ScrollTo(int Row);
+
+protected:
+    bool viewportEvent(QEvent* Event) override;
+    void paintEvent(QPaintEvent* Event) override;
+    void resizeEvent(QResizeEvent* Event) override;
+    void keyPressEvent(QKeyEvent* Event) override;
+    void wheelEvent(QWheelEvent* Event) override;
+    void mousePressEvent(QMouseEvent* Event) override;
+    void changeEvent(QEvent* Event) override;
+
+private:
+    void Reload();
+    void UpdateScrollBar();
+    int HeaderHeight() const;
+    int RowHeight() const;
+    void PaintHeader(QPainter& Painter, const std::vector<int>& Widths) const;
+    void PaintRow(QPainter& Painter, int Row, int Y, const std::vector<int>& Widths) const;
+    void PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const;
+    QString CellText(int Row, int Column) const;
+    int ColumnAt(int X) const;
+    void SetCurrent(int64_t Row);
+
+    TModelRef<fw::TGridTableView> FView;
+    TRenderContext& FContext;
+    fw::TConnections FLinks;
+    int FCurrent = -1;
+    int FWheelRest = 0;
+};
+
+}  // namespace ws
