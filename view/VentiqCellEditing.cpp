@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "view/VentiqCellEditing.h"
+
+#include "framework/base/Numbers.h"
+#include "framework/services/MarketAdapter.h"
+#include "framework/services/SubscribeAdapter.h"
+#include "registration/VentiqConstDef.h"
+
+namespace ventiq {
+
+namespace {
+
+constexpr double kDefaultStep = 1.0;
+constexpr int kBandTable = 1;
+
+TCustomSubItem* ItemOf(const Text& Symbol) { return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0); }
+TCustomProduct* ProductOf(const Text& Symbol) { return TCustomMarketAdapter::GetInstance().GetProductBySymbol(Symbol); }
+
+// Deliberate: a known product's lot counts even when it states none (1 then); market data only without a product.
+double LotOf(const Text& Symbol) {
+    const auto* Product = ProductOf(Symbol);
+    return TextToFloatDef(Product ? Product->GetLotSize() : ItemOf(Symbol)->GetFieldText(kFieldLotSize), kDefaultStep);
+}
+
+// The table of price bands that the symbol trades on; null when it has none or one of another kind.
+const TCustomSpreadTable* BandTableOf(const Text& Symbol) {
+    const auto* Product = ProductOf(Symbol);
+    Text Code = Product ? Product->GetSpreadCode() : Text();
+    if (Code.empty()) Code = ItemOf(Symbol)->GetFieldText(kFieldSpreadCode);
+    if (Code.empty()) return nullptr;
+    const auto* Table = TCustomMarketAdapter::GetInstance().GetSpreadTable(Code);
+    return Table && Table->GetKind() == kBandTable ? Table : nullptr;
+}
+
+}  // namespace
+
+template <class T>
+T* TVentiqCellEditing::PropertiesOf(int ColumnId) const {
+    const auto* Column = FGrid.GetGridColumn(ColumnId);
+    return Column ? dynamic_cast<T*>(Column->GetProperties()) : nullptr;
+}
+
+bool TVentiqCellEditing::MayEdit(const TGridTableView& View, const TGridColumn& Column) const {
+    const auto* Control = FContext.FMyDataControl.get();
+    if (!Control || Control->GetExchange().empty() || Control->GetSeries().empty() || Control->GetMonth().empty()) return false;
+    const int Row = View.GetFocusedRecord();
+    return Row >= 0 && Row >= FGrid.FirstInputRow && Column.Editing;
+}
+
+void TVentiqCellEditing::PositionGridViewEditing(TGridTableView& View, TGridColumn& Column, bool& Allow) {
+    Allow = MayEdit(View, Column);
+    if (!Allow) return;
+    const int Row = View.GetFocusedRecord();
+    const Text Symbol = FGrid.GetSymbol(Row);
+    switch (Column.Tag) {
+        case kColQty: return PrepareQuantity(Symbol);
+        case kColOpenClose:
+            Symbol.empty() ? FFlags.FFlagKeys.Clear() : FFlags.InitOpenClose(Symbol);
+            return PrepareChoices(kColOpenClose);
+        case kColPrincipal:
+            Symbol.empty() ? FFlags.FFlagKeys.Clear() : FFlags.InitPrincipal(Symbol);
+            return PrepareChoices(kColPrincipal);
+        case kColPremium: return PreparePremium(Row, Symbol);
+        default: return;
+    }
+}
+
+void TVentiqCellEditing::PrepareQuantity(const Text& Symbol) {
+    if (auto* Spin = PropertiesOf<TcxSpinEditProperties>(kColQty)) Spin->Increment = Symbol.empty() ? kDefaultStep : LotOf(Symbol);
+}
+
+// The column's properties serve every row, so the step starts anew for each edit.
+void TVentiqCellEditing::PreparePremium(int Row, const Text& Symbol) {
+    const double Premium = RealPremium(Row, Symbol);
+    double Step = kDefaultStep;
+    if (const auto* Table = Symbol.empty() ? nullptr : BandTableOf(Symbol)) {
+        double Upper = 0.0, Lower = 0.0;
+        Step = GetDisplayPriceValue(Table->StepUp(Premium, Upper, Lower), Symbol);
+        FPriceBandUpper[Row] = Upper;
+        FPriceBandLower[Row] = Lower;
+    }
+    if (auto* Spin = PropertiesOf<TcxSpinEditProperties>(kColPremium)) Spin->Increment = Step;
+    FLastPrice[Row] = Premium;
+}
+
+void TVentiqCellEditing::PrepareChoices(int ColumnId) {
+    auto* Combo = PropertiesOf<TcxComboBoxProperties>(ColumnId);
+    if (!Combo) return;
+    Combo->Items.clear();
+    for (const auto& Key : FFlags.FFlagKeys.Items()) Combo->Items.push_back(GetResourceHeader(Key));
+}
+
+double TVentiqCellEditing::RealPremium(int Row, const Text& Symbol) const {
+    return GetRealPriceValue(FGrid.GetCell(Row, kColPremium).AsFloat(0.0), Symbol);
+}
+
+void TVentiqCellEditing::WriteChoice(TObject* Sender, int ColumnId) {
+    const auto* Editor = dynamic_cast<const TCellEditor*>(Sender);
+    if (!Editor || !Editor->IsCombo() || Editor->GetItemIndex() < 0) return;
+    const auto& Items = Editor->GetItems();
+    const auto Index = static_cast<size_t>(Editor->GetItemIndex());
+    const Text Chosen = Index < Items.size() ? Items[Index] : Text();
+    const int Row = FForm.PositionGridView.GetFocusedRecord();
+    if (!Chosen.empty() && Row >= 0 && Row < FGrid.GetRecordCount()) FGrid.SetCell(Row, ColumnId, Chosen);
+}
+
+void TVentiqCellEditing::epiSidePropertiesChange(TObject* Sender) { WriteChoice(Sender, kColSide); }
+void TVentiqCellEditing::OpenCloseChange(TObject* Sender) { WriteChoice(Sender, kColOpenClose); }
+void TVentiqCellEditing::PrincipalChange(TObject* Sender) { WriteChoice(Sender, kColPrincipal); }
+
+void TVentiqCellEditing::epiSidePropertiesPopup(TObject* Sender) {
+    auto* Editor = dynamic_cast<TCellEditor*>(Sender);
+    if (!Editor || !Editor->IsCombo()) return;
+    const auto& Own = Editor->GetItems();
+    const auto& Current = FForm.epiSide.Items;
+    if (Own.size() == Current.size() && !Own.empty() && Own.front() != Current.front()) Editor->SetItems(Current);
+}
+
+}  // namespace ventiq

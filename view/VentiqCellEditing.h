@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <map>
+
+#include "view/VentiqOrderFlags.h"
+#include "view/VentiqPositionGrid.h"
+
+namespace ventiq {
+
+// Which cell of the position grid may be edited now, how its editor is prepared, and what its choices do to the cell.
+class TVentiqCellEditing {
+public:
+    TVentiqCellEditing(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid, TVentiqOrderFlags& Flags)
+        : FForm(Form), FContext(Context), FGrid(Grid), FFlags(Flags) {}
+
+    // Per row, real price units: the edges of the price-step band in which the row's premium last stood, and the premium
+    // when its editor was last seen. Deliberate: entries are written over but neither removed nor moved when rows go;
+    // every start of an edit writes its row anew.
+    std::map<int, double> FPriceBandUpper, FPriceBandLower, FLastPrice;
+
+    // Asked before any cell enters editing; prepares spin steps and lists of the cell's column.
+    void PositionGridViewEditing(TGridTableView& View, TGridColumn& Column, bool& Allow);
+
+    // A choice in a combo cell goes to the focused row's cell at once.
+    void epiSidePropertiesChange(TObject* Sender);
+    void OpenCloseChange(TObject* Sender);
+    void PrincipalChange(TObject* Sender);
+    // An editor made before a language switch still holds the old texts.
+    void epiSidePropertiesPopup(TObject* Sender);
+
+private:
+    bool MayEdit(const TGridTableView& View, const TGridColumn& Column) const;
+    void PrepareQuantity(const Text& Symbol);
+    void PreparePremium(int Row, const Text& Symbol);
+    void PrepareChoices(int ColumnId);
+    double RealPremium(int Row, const Text& Symbol) const;
+    template <class T>
+    T* PropertiesOf(int ColumnId) const;
+    void WriteChoice(TObject* Sender, int ColumnId);
+
+    TVentiqForm& FForm;        // all borrowed from the frame, outlive the part
+    TVentiqContext& FContext;
+    TVentiqPositionGrid& FGrid;
+    TVentiqOrderFlags& FFlags;
+};
+
+}  // namespace ventiq

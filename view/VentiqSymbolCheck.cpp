@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "view/VentiqSymbolCheck.h"
+
+#include "framework/services/MarketAdapter.h"
+#include "framework/services/SubscribeAdapter.h"
+#include "registration/VentiqConstDef.h"
+
+namespace ventiq {
+
+namespace {
+constexpr size_t kSeriesPrefix = 3;  // a symbol begins with its series code where nothing else tells it
+}
+
+TSymbolPlace PlaceOfSymbol(const Text& Symbol) {
+    TSymbolPlace Place;
+    if (const auto* Product = TCustomMarketAdapter::GetInstance().GetProductBySymbol(Symbol)) {
+        Place.Exchange = Product->GetExchange();
+        Place.Series = Product->GetSeries();
+        Place.ExpiryDate = Product->GetExpiryDate();
+        // Deliberate: at every exchange, although the expiry list tags months at one exchange only. An instrument with a
+        // weekly tag elsewhere therefore never matches a listed month.
+        Place.WeeklyTag = Trim(Product->GetAttribute(kWeeklyAttribute));
+    }
+    const auto* Item = TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0);
+    if (Place.Exchange.empty()) Place.Exchange = Trim(Item->GetFieldText(kFieldExchange));
+    if (Place.Series.empty()) Place.Series = Trim(Item->GetFieldText(kFieldSeries));
+    if (Place.Series.empty()) Place.Series = Symbol.substr(0, kSeriesPrefix);
+    if (Place.ExpiryDate.empty()) Place.ExpiryDate = Trim(Item->GetFieldText(kFieldExpiry));
+    return Place;
+}
+
+bool TVentiqSymbolCheck::IsValidSymbol(const Text& Symbol) const {
+    auto* Control = FContext.FMyDataControl.get();
+    if (!Control) return false;
+    const TSymbolPlace Place = PlaceOfSymbol(Symbol);
+    if (Place.Exchange != Control->GetExchange()) return false;
+    if (Place.Series != Control->GetSeries()) return false;
+    if (Control->GetMonthCode(Place.ExpiryDate, Place.WeeklyTag) != Control->GetMonth()) return false;
+    return CheckDuplicateSymbol(Symbol);
+}
+
+bool TVentiqSymbolCheck::CheckDuplicateSymbol(const Text&) const { return true; }
+
+}  // namespace ventiq

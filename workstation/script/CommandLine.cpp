@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/script/CommandLine.h"
+
+#include <algorithm>
+#include <functional>
+#include <sstream>
+
+#include "framework/base/Numbers.h"
+#include "workstation/resources/Skins.h"
+#include "workstation/resources/Texts.h"
+
+namespace ws {
+
+namespace {
+
+// An option, the modes that know it, and what its value does (none: a flag).
+struct TOption {
+    const char* Name;
+    std::vector<ERunMode> Modes;
+    bool HasValue;
+    std::function<void(TCommandLine&, const std::string&)> Take;
+};
+
+std::string Number(const std::string& Option, const std::string& Value) {
+    if (!fw::GroupedTextToFloat(Value)) throw TUsageError{"Res_UsageNumber", {Option, Value}};
+    return Value;
+}
+
+// SYMBOL,buy|sell,PREMIUM,QTY
+TStrategyLeg LegOf(const std::string& Value) {
+    std::vector<std::string> Parts;
+    std::istringstream Stream(Value);
+    for (std::string Part; std::getline(Stream, Part, ',');) Parts.push_back(Part);
+    const bool Complete = Parts.size() == 4 && !Parts[0].empty() && (Parts[1] == "buy" || Parts[1] == "sell");
+    if (!Complete || Value.ends_with(',') || !fw::TextToFloat(Parts[2]) || !fw::TextToFloat(Parts[3])) throw TUsageError{"Res_UsageLeg", {Value}};
+    return {Parts[0], Parts[1] == "buy" ? ELegSide::Buy : ELegSide::Sell, Parts[2], Parts[3]};
+}
+
+const std::vector<TOption>& Options() {
+    using enum ERunMode;
+    static const std::vector<TOption> kOptions{
+        {"--user", {Window, Headless, Picture}, true, [](auto& C, auto& V) { C.User = V; }},
+        {"--skin", {Window, Headless, Picture}, true,
+         [](auto& C, auto& V) {
+             const auto& Skins = TSkinTable::Embedded().Skins();
+             if (std::find(Skins.begin(), Skins.end(), V) == Skins.end()) throw TUsageError{"Res_UsageSkin", {V}};
+             C.Skin = V;
+         }},
+        {"--language", {Window, Headless, Picture}, true,
+         [](auto& C, auto& V) {
+             if (!LanguageIndexOf(V)) throw TUsageError{"Res_UsageLanguage", {V}};
+             C.Language = V;
+         }},
+        {"--import", {Headless}, true, [](auto& C, auto& V) { C.ImportFile = V; }},
+        {"--skip-bad-lines", {Headless, Import}, false, [](auto& C, auto&) { C.SkipBadLines = true; }},
+        {"--date-order", {Headless, Import}, true,
+         [](auto& C, auto& V) {
+             const auto Order = DateOrderOf(V);
+             if (!Order) throw TUsageError{"Res_UsageDateOrder", {V}};
+             C.DateOrder = *Order;
+         }},
+        {"--exchange", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Exchange = V; }},
+        {"--series", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Series = V; }},
+        {"--month", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Month = V; }},
+        {"--leg", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Legs.push_back(LegOf(V)); }},
+        {"--down", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Down = Number("--down", V); }},
+        {"--up", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Up = Number("--up", V); }},
+        {"--interval", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Interval = Number("--interval", V); }},
+        {"--out", {Headless, Picture}, true, [](auto& C, auto& V) { C.Out = V; }},
+    };
+    return kOptions;
+}
+
+ERunMode ModeOf(const std::vector<std::string>& Arguments) {
+    const auto Has = [&](const char* Name) { return std::find(Arguments.begin(), Arguments.end(), Name) != Arguments.end(); };
+    if (Has("--help") || Has("-h")) return ERunMode::Help;
+    if (Has("--version")) return ERunMode::Version;
+    if (Has("--headless")) return ERunMode::Headless;
+    if (Has("--picture")) return ERunMode::Picture;
+    if (!Arguments.empty() && Arguments.front() == "import") return ERunMode::Import;
+    return ERunMode::Window;
+}
+
+void Check(const TCommandLine& Line) {
+    if (Line.Mode == ERunMode::Import && Line.ImportFile.empty()) throw TUsageError{"Res_UsageImportFile", {}};
+    if ((Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture) && Line.Out.empty()) throw TUsageError{"Res_UsageOut", {}};
+    if (Line.Mode == ERunMode::Headless && !Line.ImportFile.empty() && Line.Strategy.Legs.empty()) throw TUsageError{"Res_UsageImportLegs", {}};
+}
+
+}  // namespace
+
+std::optional<int> LanguageIndexOf(const std::string& Code) {
+    if (Code == "en") return kLanguageEnglish;
+    if (Code == "zh-Hant") return kLanguageTraditional;
+    if (Code == "zh-Hans") return kLanguageSimplified;
+    return std::nullopt;
+}
+
+TCommandLine ParseCommandLine(const std::vector<std::string>& Arguments) {
+    TCommandLine Line;
+    Line.Mode = ModeOf(Arguments);
+    if (Line.Mode == ERunMode::Help || Line.Mode == ERunMode::Version) return Line;
+    for (size_t i = 0; i < Arguments.size(); ++i) {
+        const auto& Argument = Arguments[i];
+        if (Argument == "--headless" || Argument == "--picture" || (i == 0 && Argument == "import")) continue;
+        const auto Option = std::find_if(Options().begin(), Options().end(), [&](const TOption& O) { return Argument == O.Name; });
+        if (Option == Options().end()) {
+            const bool File = Line.Mode == ERunMode::Import && Line.ImportFile.empty() && !Argument.starts_with('-');
+            if (!File) throw TUsageError{"Res_UsageUnknown", {Argument}};
+            Line.ImportFile = Argument;
+            continue;
+        }
+        if (std::find(Option->Modes.begin(), Option->Modes.end(), Line.Mode) == Option->Modes.end()) throw TUsageError{"Res_UsageMode", {Argument}};
+        if (Option->HasValue && ++i == Arguments.size()) throw TUsageError{"Res_UsageValue", {Argument}};
+        Option->Take(Line, Option->HasValue ? Arguments[i] : std::string());
+    }
+    Check(Line);
+    return Line;
+}
+
+}  // namespace ws

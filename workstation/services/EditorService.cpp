@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/services/EditorService.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "framework/base/Numbers.h"
+
+namespace ws {
+
+namespace {
+
+fw::Text ShownAccount(const TAccountRow& Row) { return Row.Name.empty() ? Row.Code : Row.Code + " " + Row.Name; }
+
+int ColumnWithTag(const fw::TGridTableView& View, int Tag) {
+    for (int i = 0; i < View.GetColumnCount(); ++i)
+        if (View.GetColumn(i)->Tag == Tag) return i;
+    return -1;
+}
+
+}  // namespace
+
+void TEditorService::RegisterAccountEditor(fw::TPopupEdit* Editor, const fw::Text& GroupId, bool, bool) {
+    FEditors[Editor] = GroupId;
+    Editor->SetEnabled(true);
+    Serve(*Editor);
+}
+
+void TEditorService::RemoveAccountEditor(fw::TPopupEdit* Editor) {
+    if (FEditors.erase(Editor) == 0) return;
+    Editor->SetChoices({});
+    Editor->SetEnabled(false);
+}
+
+void TEditorService::SetAccountLayoutAccount(fw::TPopupEdit* Editor, const fw::Text& Account) {
+    if (FEditors.count(Editor)) Editor->Choose(IndexOfAccount(Account));
+}
+
+// A registered editor keeps its account while the user has it; else the user's default or only account comes in.
+void TEditorService::Serve(fw::TPopupEdit& Editor) {
+    std::vector<fw::TPopupChoice> Choices;
+    for (const auto& Row : FAccounts) Choices.push_back({Row.Code, ShownAccount(Row)});
+    Editor.SetChoices(std::move(Choices));
+    if (!Editor.GetHint().empty() && IndexOfAccount(Editor.GetHint()) >= 0) return;
+    const int Default = FAccounts.size() == 1 ? 0 : IndexOfAccount(FDefaultAccount);
+    if (Default >= 0) return Editor.Choose(Default);
+    if (Editor.GetHint().empty()) return;
+    Editor.SetText("");
+    Editor.SetHint("");
+    Editor.Exit();
+}
+
+int TEditorService::IndexOfAccount(const std::string& Account) const {
+    const auto It = std::find_if(FAccounts.begin(), FAccounts.end(), [&](const auto& R) { return R.Code == Account; });
+    return It == FAccounts.end() ? -1 : static_cast<int>(It - FAccounts.begin());
+}
+
+void TEditorService::SetAccounts(std::vector<TAccountRow> Accounts, std::string DefaultAccount) {
+    FAccounts = std::move(Accounts);
+    FDefaultAccount = std::move(DefaultAccount);
+    for (const auto& [Editor, Group] : FEditors) Serve(*Editor);
+}
+
+fw::Text TEditorService::GetGridColumnLayout(fw::TGridTableView* View, const fw::TColumnInfoList*) {
+    fw::Text Result;
+    for (int i = 0; i < View->GetColumnCount(); ++i) {
+        const auto* Column = View->GetColumn(i);
+        if (!Result.empty()) Result += ';';
+        Result += std::to_string(Column->Tag) + ',' + std::to_string(Column->GetWidth()) + ',' + (Column->IsVisible() ? '1' : '0');
+    }
+    return Result;
+}
+
+void TEditorService::SetGridColumnLayout(fw::TGridTableView* View, const fw::Text& Layout, const fw::TColumnInfoList*) {
+    View->BeginUpdate();
+    std::istringstream Entries(Layout);
+    int Position = 0;
+    for (std::string Entry; std::getline(Entries, Entry, ';');) {
+        std::istringstream Parts(Entry);
+        std::string Tag, Width, Visible;
+        std::getline(Parts, Tag, ',');
+        std::getline(Parts, Width, ',');
+        std::getline(Parts, Visible, ',');
+        const auto Id = fw::TextToInt(Tag);
+        const int From = Id ? ColumnWithTag(*View, *Id) : -1;
+        if (From < 0) continue;
+        View->MoveColumn(From, Position);
+        auto* Column = View->GetColumn(Position++);
+        if (const auto W = fw::TextToInt(Width); W && *W > 0) Column->SetWidth(*W);
+        Column->SetVisible(Visible != "0");
+    }
+    View->EndUpdate();
+}
+
+}  // namespace ws

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/services/SubscriptionItem.h"
+
+#include "framework/base/Numbers.h"
+
+namespace ws {
+
+std::optional<double> ReferencePrice(const TQuoteRow& Quote) {
+    if (Quote.Last) return Quote.Last;
+    if (Quote.Bid && Quote.Ask) return (*Quote.Bid + *Quote.Ask) / 2;
+    if (Quote.Bid) return Quote.Bid;
+    if (Quote.Ask) return Quote.Ask;
+    return Quote.PreviousSettlement;
+}
+
+fw::Text TSubscriptionItem::GetFieldText(int FieldId) const {
+    const auto It = FFields.find(FieldId);
+    return It == FFields.end() ? fw::Text() : It->second.Shown;
+}
+
+double TSubscriptionItem::GetFieldValue(int FieldId) const {
+    const auto It = FFields.find(FieldId);
+    return It == FFields.end() ? 0.0 : It->second.Value;
+}
+
+void TSubscriptionItem::SetText(int FieldId, const std::string& Value) {
+    if (Value.empty()) return;
+    FFields[FieldId] = {Value, fw::TextToFloatDef(Value, 0.0)};
+}
+
+void TSubscriptionItem::SetValue(int FieldId, double Value) { FFields[FieldId] = {fw::FloatToShortestText(Value), Value}; }
+
+void TSubscriptionItem::Take(const TProductRow& Product, const TQuoteRow& Quote) {
+    FFields.clear();
+    if (const auto Price = ReferencePrice(Quote)) SetValue(fw::kFieldReferencePrice, *Price);
+    SetText(fw::kFieldExchange, Product.Exchange);
+    SetText(fw::kFieldProductType, std::to_string(Product.ProductType));
+    SetText(fw::kFieldCurrency, Product.Currency);
+    SetText(fw::kFieldLotSize, Product.LotSize);
+    SetText(fw::kFieldStrike, Product.StrikePrice);
+    SetText(fw::kFieldCallPut, Product.CallPutCode);
+    SetText(fw::kFieldExpiry, Product.ExpiryDate);
+    SetText(fw::kFieldSpreadCode, Product.SpreadCode);
+    SetText(fw::kFieldSeries, Product.Series);
+    if (Product.Multiplier) SetValue(fw::kFieldMultiplier, *Product.Multiplier);
+    if (Product.DisplayFactor) SetValue(fw::kFieldDisplayFactor, *Product.DisplayFactor);
+    FState = fw::kItemReady;
+}
+
+void TSubscriptionItem::TakeNothing() {
+    FFields.clear();
+    FState = fw::kItemNoData;
+}
+
+}  // namespace ws

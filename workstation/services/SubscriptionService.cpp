@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/services/SubscriptionService.h"
+
+#include <algorithm>
+
+#include "workstation/services/SubscriptionItem.h"
+
+namespace ws {
+
+TSubscriptionService::TSubscriptionService(const TMarketService& Market, TLoopQueue& Queue, TQuoteSource Quotes)
+    : FMarket(Market), FQueue(Queue), FQuotes(std::move(Quotes)) {}
+TSubscriptionService::~TSubscriptionService() = default;
+
+TSubscriptionItem& TSubscriptionService::ItemOf(const std::string& Symbol) {
+    auto& Item = FItems[Symbol];
+    if (!Item) Item = std::make_unique<TSubscriptionItem>(Symbol);
+    return *Item;
+}
+
+fw::TCustomSubItem* TSubscriptionService::GetSubItem(const fw::Text& Symbol, const fw::Text&, int) { return &ItemOf(Symbol); }
+
+void TSubscriptionService::Subscribe(fw::TCustomSubItem* Item, fw::TDataEvent Handler, fw::TObject* Owner) {
+    const auto Symbol = Item->GetSymbol();
+    FHandlers[Symbol].Add(Owner, std::move(Handler));
+    // Somebody may come after the first answer: he is told too, from the loop.
+    if (FRequested.count(Symbol))
+        FQueue.Post([this, Symbol] { Answer(Symbol); });
+    else
+        Request(Symbol);
+}
+
+void TSubscriptionService::Unsubscribe(fw::TCustomSubItem* Item, fw::TObject* Owner) {
+    if (const auto It = FHandlers.find(Item->GetSymbol()); It != FHandlers.end()) It->second.Remove(Owner);
+}
+
+void TSubscriptionService::Request(const fw::Text& Symbol) {
+    ItemOf(Symbol);
+    if (!FRequested.insert(Symbol).second) return;
+    if (FMarket.FindProduct(Symbol)) FQuotes.Watch(Symbol);
+    FQueue.Post([this, Symbol] { Answer(Symbol); });
+}
+
+void TSubscriptionService::Answer(const std::string& Symbol) {
+    auto& Item = ItemOf(Symbol);
+    if (const auto* Product = FMarket.FindProduct(Symbol)) {
+        const auto* Quote = FQuotes.QuoteOf(Symbol);
+        if (!Quote) return;  // comes later, or never
+        Item.Take(*Product, *Quote);
+    } else {
+        Item.TakeNothing();
+    }
+    Tell(Symbol);
+}
+
+void TSubscriptionService::Tell(const std::string& Symbol) {
+    const auto It = FHandlers.find(Symbol);
+    if (It == FHandlers.end()) return;
+    fw::TCustomUpdate Update(1);
+    It->second.Notify("market data of " + Symbol, this, &Update);
+}
+
+void TSubscriptionService::QuotesChanged(const std::vector<std::string>& Symbols) {
+    for (const auto& Symbol : Symbols)
+        if (FRequested.count(Symbol)) Answer(Symbol);
+}
+
+void TSubscriptionService::MarketChanged() {
+    for (const auto& Symbol : FRequested) {
+        if (FMarket.FindProduct(Symbol)) FQuotes.Watch(Symbol);
+        FQueue.Post([this, Symbol] { Answer(Symbol); });
+    }
+}
+
+std::vector<std::string> TSubscriptionService::Pending() const {
+    std::vector<std::string> Result;
+    for (const auto& Symbol : FRequested)
+        if (FItems.at(Symbol)->GetState() == fw::kItemUnknown) Result.push_back(Symbol);
+    return Result;
+}
+
+bool TSubscriptionService::HasOwners() const {
+    return std::any_of(FHandlers.begin(), FHandlers.end(), [](const auto& Entry) { return !Entry.second.IsEmpty(); });
+}
+
+}  // namespace ws

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/services/Workstation.h"
+
+#include <algorithm>
+
+#include "framework/base/Clock.h"
+#include "framework/base/Numbers.h"
+#include "workstation/market/MarketDay.h"
+#include "workstation/market/SymbolForms.h"
+
+namespace ws {
+
+namespace {
+
+constexpr const char* kSection = "Workstation";
+constexpr const char* kKeyUser = "User";
+constexpr const char* kKeyLanguage = "Language";
+constexpr const char* kKeySkin = "Skin";
+constexpr const char* kShortCode = "ShortCode";
+constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
+constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
+
+std::string Now() { return MarketTimeText(fw::TClock::Now(), kSampleUtcOffsetMinutes); }
+
+std::string SkinOf(const TStore& Store) {
+    const auto& Skins = TSkinTable::Embedded().Skins();
+    const auto Stored = Store.ReadSetting(kSection, kKeySkin);
+    return Stored && std::find(Skins.begin(), Skins.end(), *Stored) != Skins.end() ? *Stored : Skins.front();
+}
+
+}  // namespace
+
+std::string SampleToday() { return MarketDayText(MarketDayAt(fw::TClock::Now(), kSampleUtcOffsetMinutes)); }
+
+TOpenedStore TWorkstation::OpenStore(const TWorkstationOptions& Options) {
+    const auto File = Options.StoreFile.empty() ? DefaultStorePath() : Options.StoreFile;
+    return Options.InMemory ? TStore::InMemoryCopyOf(File) : TStore::OpenFile(File, Now());
+}
+
+TWorkstation::TWorkstation(const TWorkstationOptions& Options)
+    : FSampleFolder(Options.SampleFolder),
+      FStore([&] {
+          auto Opened = OpenStore(Options);
+          FNotices = std::move(Opened.Notices);
+          return std::move(Opened.Store);
+      }()),
+      FConfig(*FStore, TSkinTable::Embedded()),
+      FLanguage(TTextTable::Embedded()),
+      FLookAndFeel(FConfig, SkinOf(*FStore)),
+      FSubscriptions(FMarket, FQueue,
+                     {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
+                      [this](const std::string& Symbol) {
+                          const auto* Quote = FWalk->QuoteOf(Symbol);
+                          return Quote && !Quote->Time.empty() ? Quote : nullptr;
+                      }}),
+      FEditors([this](const fw::Text& Typed) { return ConvertSymbol(Typed); }),
+      FPositions(*FStore, FSubscriptions),
+      FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
+    auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
+    FNotices.insert(FNotices.end(), Sample.Notices.begin(), Sample.Notices.end());
+    FMarket.OnRequestSymbol = [this](const fw::Text& Symbol) { FSubscriptions.Request(Symbol); };
+    LoadMarket();
+    FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
+    FLanguage.SetLanguage(fw::TextToIntDef(FStore->ReadSetting(kSection, kKeyLanguage).value_or("0"), 0));
+
+    const auto Last = FStore->ReadSetting(kSection, kKeyUser).value_or("");
+    if (!SetUser(Options.User.empty() ? Last : Options.User) && !FTrading.Users.empty()) {
+        if (!Options.User.empty()) FNotices.push_back({"Res_UserUnknown", {Options.User, FTrading.Users.front().Code}});
+        SetUser(FTrading.Users.front().Code);
+    }
+    Install();
+}
+
+TWorkstation::~TWorkstation() { Uninstall(); }
+
+void TWorkstation::Install() {
+    fw::TCustomConfigManager::SetInstance(&FConfig);
+    fw::TCustomLanguageManager::SetInstance(&FLanguage);
+    fw::TCustomUserAppProfile::SetInstance(&FProfile);
+    fw::TCustomLookAndFeelService::SetInstance(&FLookAndFeel);
+    fw::TCustomTimerControl::SetInstance(&FTimer);
+    fw::TCustomGlobalChannelManager::SetInstance(&FChannels);
+    fw::TCustomMessageBoxCtrl::SetInstance(&FMessageBox);
+    fw::TCustomMarketAdapter::SetInstance(&FMarket);
+    fw::TCustomSubscribeAdapter::SetInstance(&FSubscriptions);
+    fw::TEditorManager::SetInstance(&FEditors);
+    fw::TCustomPositionAdapter::SetInstance(&FPositions);
+    fw::TCustomOrderAdapter::SetInstance(&FOrders);
+    fw::TCustomFormatter::SetInstance(&FFormatter);
+    fw::TCustomExchangeListComparer::SetInstance(&FExchangeOrder);
+    fw::TCustomSeriesComparer::SetInstance(&FSeriesOrder);
+}
+
+void TWorkstation::Uninstall() {
+    fw::TCustomConfigManager::SetInstance(nullptr);
+    fw::TCustomLanguageManager::SetInstance(nullptr);
+    fw::TCustomUserAppProfile::SetInstance(nullptr);
+    fw::TCustomLookAndFeelService::SetInstance(nullptr);
+    fw::TCustomTimerControl::SetInstance(nullptr);
+    fw::TCustomGlobalChannelManager::SetInstance(nullptr);
+    fw::TCustomMessageBoxCtrl::SetInstance(nullptr);
+    fw::TCustomMarketAdapter::SetInstance(nullptr);
+    fw::TCustomSubscribeAdapter::SetInstance(nullptr);
+    fw::TEditorManager::SetInstance(nullptr);
+    fw::TCustomPositionAdapter::SetInstance(nullptr);
+    fw::TCustomOrderAdapter::SetInstance(nullptr);
+    fw::TCustomFormatter::SetInstance(nullptr);
+    fw::TCustomExchangeListComparer::SetInstance(nullptr);
+    fw::TCustomSeriesComparer::SetInstance(nullptr);
+}
+
+void TWorkstation::LoadMarket() {
+    FMarket.Load(FStore->LoadMarket());
+    FTrading = FStore->LoadTrading();
+    FLanguage.TakeNames(FMarket.Market());
+    FShortCodes.clear();
+    for (const auto& Row : FMarket.Market().Products)
+        if (const auto Code = Row.Attributes.find(kShortCode); Code != Row.Attributes.end()) FShortCodes.emplace(Code->second, Row.Symbol);
+}
+
+void TWorkstation::ReloadMarket() {
+    LoadMarket();
+    FWalk->Replace(FMarket.Market());
+    FSubscriptions.MarketChanged();
+    FMarket.NotifyListsChanged();
+}
+
+void TWorkstation::Tick() {
+    FTimer.Tick();
+    if (++FTicks % kTicksPerMarketStep == 0) FSubscriptions.QuotesChanged(FWalk->Step(kTicksPerMarketStep * kTimerPeriodMs / 1000.0));
+}
+
+bool TWorkstation::SetUser(const std::string& Code) {
+    const auto User = std::find_if(FTrading.Users.begin(), FTrading.Users.end(), [&](const auto& R) { return R.Code == Code; });
+    if (User == FTrading.Users.end()) return false;
+    std::vector<TAccountRow> Accounts;
+    for (const auto& AccountCode : User->Accounts) {
+        const auto It = std::find_if(FTrading.Accounts.begin(), FTrading.Accounts.end(), [&](const auto& R) { return R.Code == AccountCode; });
+        Accounts.push_back(It == FTrading.Accounts.end() ? TAccountRow{AccountCode, ""} : *It);
+    }
+    FProfile.SetUser(*User);
+    FConfig.SetUser(Code);
+    FEditors.SetAccounts(std::move(Accounts), User->DefaultAccount);
+    FStore->WriteSetting(kSection, kKeyUser, Code);
+    return true;
+}
+
+void TWorkstation::SetLanguage(int Language) {
+    FLanguage.SetLanguage(Language);
+    FStore->WriteSetting(kSection, kKeyLanguage, std::to_string(FLanguage.GetLanguage()));
+}
+
+// A view reads the skin's colours as options: options first, then the announcement of the skin.
+void TWorkstation::SetSkin(const std::string& Skin) {
+    FStore->WriteSetting(kSection, kKeySkin, Skin);
+    FLookAndFeel.SetSkin(Skin);
+    FConfig.Notify();
+}
+
+TImportReport TWorkstation::ImportChain(const std::filesystem::path& File, const TChainOptions& Options, bool SkipBadLines,
+                                        const TChainProgress& Reading, const TStoreProgress& Writing) {
+    auto Chain = ReadChainFile(File, Options, Reading);
+    TImportReport Report;
+    Report.BadLines = Chain.BadLines;
+    if (!Chain.BadLines.empty() && !SkipBadLines) return Report;
+    Report.Changes = ApplyChainImport(*FStore, Chain, {}, TTextTable::Embedded(), Writing);
+    Report.Applied = true;
+    ReloadMarket();
+    return Report;
+}
+
+std::vector<TStoreNotice> TWorkstation::ResetSample() {
+    auto Outcome = ResetSampleMarket(*FStore, FSampleFolder, SampleToday());
+    ReloadMarket();
+    if (!SetUser(User().Code) && !FTrading.Users.empty()) SetUser(FTrading.Users.front().Code);
+    return std::move(Outcome.Notices);
+}
+
+std::optional<TQuoteForm> TWorkstation::QuoteFormOf(const std::string& Symbol) const {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    if (!Product) return std::nullopt;
+    const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
+    TQuoteForm Form{Series ? Series->Decimals : 2, Product->DisplayFactor};
+    // A factor of 100 moves the point by two: as many decimals fewer.
+    for (double Factor = Form.DisplayFactor.value_or(1.0); Factor >= 10 && Form.Decimals > 0; Factor /= 10) --Form.Decimals;
+    return Form;
+}
+
+std::string TWorkstation::ConvertSymbol(const std::string& Typed) const {
+    auto Symbol = ConvertSymbolForm(Typed);
+    const auto It = FShortCodes.find(Symbol);
+    return It == FShortCodes.end() ? Symbol : It->second;
+}
+
+bool TWorkstation::HasOwners() const {
+    return FConfig.HasOwners() || FLookAndFeel.HasOwners() || FTimer.HasOwners() || FChannels.HasOwners() || FMarket.HasOwners() ||
+           FSubscriptions.HasOwners() || FEditors.HasEditors();
+}
+
+}  // namespace ws
