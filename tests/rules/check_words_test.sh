@@ -22,6 +22,9 @@ breach words engine/A.cpp 'engine/A.cpp:2:' <<<"// $apache
 // $later: later"
 breach words workstation/shell/A.cpp 'A.cpp:2:' <<<"// $gpl
 int A();  // $mend"
+breach words engine/A.cpp 'A.cpp:2:' <<<"// $apache
+int A();  // XX""X: mend"
 plant engine/A.cpp <<<"// $apache
+const char* NoCurrency = \"XX""X\";
 // a ${later}list is a word of its own"
 all_noticed words
