@@ -136,8 +136,9 @@ std::optional<double> GroupedTextToFloat(std::string_view S) {
     const std::string_view Whole = std::string_view(Plain).substr(Start, End - Start);
     if (Whole.find(',') != std::string_view::npos) {
         if (!IsGrouped(Whole)) return std::nullopt;
-        std::erase(Plain, ',');  // a comma behind the whole part would have ended it: then nothing below reads it
-        if (std::count(S.begin(), S.end(), ',') != std::count(Whole.begin(), Whole.end(), ',')) return std::nullopt;
+        const auto From = Plain.begin() + static_cast<std::ptrdiff_t>(Start);
+        const auto To = Plain.begin() + static_cast<std::ptrdiff_t>(End);
+        Plain.erase(std::remove(From, To, ','), To);  // a comma further behind stays and is refused below
     }
     return TextToFloat(Plain);
 }

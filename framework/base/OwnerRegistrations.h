@@ -19,6 +19,13 @@ class TOwnerRegistrations {
 public:
     using THandler = std::function<void(Args...)>;
 
+    TOwnerRegistrations() = default;
+    ~TOwnerRegistrations() {
+        for (auto& E : FEntries) E->Live = false;  // a round under way ends with the list
+    }
+    TOwnerRegistrations(const TOwnerRegistrations&) = delete;
+    TOwnerRegistrations& operator=(const TOwnerRegistrations&) = delete;
+
     void Add(const TObject* Owner, THandler Handler) {
         Remove(Owner);
         FEntries.push_back(std::make_shared<TEntry>(TEntry{Owner, std::move(Handler), true}));

@@ -54,7 +54,8 @@ bool TIBaseView::HandleCaptionButtonClick(int64_t Handle, int Index) {
     if (Index < 0 || Index >= static_cast<int>(Buttons.size())) return false;
     TCaptionButton* Button = Buttons[static_cast<size_t>(Index)];
     if (!Button || !Button->OnClick) return false;
-    return Dispatch("HandleCaptionButtonClick", [&] { Button->OnClick(Button); });
+    const TNotifyEvent Click = Button->OnClick;  // the handler may replace itself
+    return Dispatch("HandleCaptionButtonClick", [&] { Click(Button); });
 }
 
 bool TIBaseView::GetViewCaptionButtons(int64_t Handle, TCaptionButtonList& List) {
