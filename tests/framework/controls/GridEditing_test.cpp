@@ -1,0 +1,361 @@
+// SPDX-License-Identifier: Apache-2.0
+// Opening, posting and closing the editor of a cell.
+#include "tests/framework/controls/GridFixture.h"
+
+namespace fw {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class GridEditingTest : public TGridFixture {};
+
+TEST_F(GridEditingTest, StartingAsksInOrderAndThenCopies) {
+    TSteps Steps;
+    Links += View.OnFocusChanged.Connect([&] { Steps.push_back("focus " + std::to_string(View.GetFocusedRecord())); });
+    View.OnEditing = [&](TGridTableView& Asked, TGridColumn& Column, bool& Allow) {
+        EXPECT_EQ(&Asked, &View);
+        EXPECT_FALSE(Allow);
+        Steps.push_back("editing " + std::to_string(Column.Tag));
+        Combo->Items = {"Kauf", "Verkauf"};
+        Data.SetValue(1, kSide, "Verkauf");
+        Allow = true;
+    };
+    View.GetColumn(kSide)->OnGetProperties = [&](TGridColumn&, int Row, TcxEditProperties*&) {
+        Steps.push_back("properties " + std::to_string(Row));
+    };
+    TCellEditor* Editor = View.StartEdit(1, kSide);
+    ASSERT_NE(Editor, nullptr);
+    EXPECT_THAT(Steps, ElementsAre("focus 1", "editing 11", "properties 1"));
+    EXPECT_EQ(Editor->GetProperties(), Combo);
+    EXPECT_THAT(Editor->GetItems(), ElementsAre("Kauf", "Verkauf"));
+    EXPECT_EQ(Editor->GetItemIndex(), 1);
+    EXPECT_EQ(View.GetEditor(), Editor);
+    EXPECT_TRUE(View.HasFocus());
+    Combo->Items = {"other"};
+    EXPECT_EQ(Editor->GetItems().size(), 2u) << "the editor's own copy";
+    EXPECT_EQ(View.StartEdit(1, kSide), Editor) << "open already";
+    EXPECT_EQ(Steps.size(), 3u);
+}
+
+TEST_F(GridEditingTest, WhoDecidesWhetherACellMayBeEdited) {
+    struct TCase { const char* Why; bool Option; std::optional<bool> Handler; bool Enabled, Opens; };
+    const TCase Cases[] = {
+        {"no handler, option on", true, {}, true, true},  {"no handler, option off", false, {}, true, false},
+        {"the form allows", false, true, true, true},     {"the form refuses", true, false, true, false},
+        {"a disabled grid", true, true, false, false},
+    };
+    for (const auto& c : Cases) {
+        SCOPED_TRACE(c.Why);
+        View.GetColumn(kMemo)->Editing = c.Option;
+        View.SetEnabled(c.Enabled);
+        View.OnEditing = nullptr;
+        if (c.Handler) View.OnEditing = [&](TGridTableView&, TGridColumn&, bool& Allow) { Allow = *c.Handler; };
+        EXPECT_EQ(View.CanEdit(0, kMemo), c.Opens);
+        EXPECT_EQ(View.GetEditor(), nullptr) << "asking opens nothing";
+        EXPECT_EQ(View.StartEdit(0, kMemo) != nullptr, c.Opens);
+        View.CancelEdit();
+    }
+}
+
+TEST_F(GridEditingTest, AskingFocusesNothing) {
+    EXPECT_TRUE(View.CanEdit(2, kMemo));
+    EXPECT_EQ(View.GetFocusedRecord(), -1);
+    EXPECT_FALSE(View.HasFocus());
+}
+
+TEST_F(GridEditingTest, CellsThatAreNotThereOrTakeNoFocusAreNotEdited) {
+    View.GetColumn(kMemo)->Focusing = false;
+    for (const auto& [Record, Column] : {std::pair(-1, 0), {3, 0}, {0, -1}, {0, 6}, {0, static_cast<int>(kMemo)}}) {
+        EXPECT_EQ(View.StartEdit(Record, Column), nullptr);
+        EXPECT_FALSE(View.CanEdit(Record, Column));
+    }
+    EXPECT_THAT(Editors, IsEmpty());
+}
+
+TEST_F(GridEditingTest, ACheckThatThrowsRefuses) {
+    View.OnEditing = [](TGridTableView&, TGridColumn&, bool& Allow) {
+        Allow = true;
+        throw std::runtime_error("check");
+    };
+    EXPECT_EQ(View.StartEdit(0, kMemo), nullptr);
+    EXPECT_THAT(TakeLog(), ElementsAre("E Res_LogHandlerFailed|grid.OnEditing|check"));
+}
+
+TEST_F(GridEditingTest, ACheckThatTakesTheCellAwayRefuses) {
+    View.OnEditing = [this](TGridTableView&, TGridColumn&, bool& Allow) {
+        Data.SetRecordCount(1);
+        Allow = true;
+    };
+    EXPECT_EQ(View.StartEdit(2, kMemo), nullptr);
+    EXPECT_EQ(View.GetEditor(), nullptr);
+}
+
+TEST_F(GridEditingTest, PostingWritesClosesAndTells) {
+    Type(1, kMemo, "text");
+    EXPECT_TRUE(Cell(1, kMemo).IsNull()) << "the cell waits for the posting";
+    View.PostEditor();
+    EXPECT_EQ(Cell(1, kMemo), Variant("text"));
+    EXPECT_THAT(Editors, ElementsAre("open", "closed"));
+    EXPECT_THAT(Edits, ElementsAre("1,4: text > text"));
+    View.PostEditor();
+    EXPECT_EQ(Edits.size(), 1u);
+}
+
+TEST_F(GridEditingTest, AnUntouchedEditorOnlyCloses) {
+    Data.SetValue(0, kQuantity, 1);
+    Popup->OnValidate = [](TObject*, Variant&, Text&, bool&) { FAIL() << "nothing was typed"; };
+    for (int Column : {static_cast<int>(kSymbol), static_cast<int>(kQuantity)}) {
+        ASSERT_NE(View.StartEdit(0, Column), nullptr);
+        View.PostEditor();
+        EXPECT_EQ(View.GetEditor(), nullptr);
+    }
+    EXPECT_EQ(Cell(0, kQuantity), Variant(1)) << "a whole number stays one";
+    EXPECT_THAT(Edits, IsEmpty());
+}
+
+TEST_F(GridEditingTest, CancellingLeavesTheCell) {
+    Type(0, kMemo, "lost");
+    View.CancelEdit();
+    View.CancelEdit();
+    EXPECT_TRUE(Cell(0, kMemo).IsNull());
+    EXPECT_THAT(Editors, ElementsAre("open", "closed"));
+}
+
+TEST_F(GridEditingTest, TypedNumbersFollowTheRulesInEveryFloatColumn) {
+    struct TCase { const char* Typed; Variant After; bool Refused; };
+    const TCase Cases[] = {
+        {"250", 250.0, false},   {"1,000", 1000.0, false}, {"", Variant(), false}, {" ", Variant(), false}, {"nan", 42.0, true},
+        {"inf", 42.0, true},     {"1e999", 42.0, true},    {"many", 42.0, true},   {"12,3", 42.0, true},
+    };
+    for (int Column : {static_cast<int>(kPremium), static_cast<int>(kQuantity), static_cast<int>(kStrike)}) {
+        for (const auto& c : Cases) {
+            SCOPED_TRACE(c.Typed);
+            Data.SetValue(0, Column, 42.0);
+            Edits.clear();
+            const TCellEditor& Editor = Type(0, Column, c.Typed);
+            EXPECT_EQ(Editor.IsRefused(), c.Refused);
+            EXPECT_EQ(Editor.GetText(), c.Typed);
+            View.PostEditor();
+            EXPECT_EQ(Cell(0, Column), c.After);
+            EXPECT_EQ(View.GetEditor(), nullptr);
+            EXPECT_EQ(Edits.size(), c.Refused ? 0u : 1u);
+            EXPECT_EQ(TakeLog(), c.Refused ? TSteps{Text("W Res_LogNumberRefused|") + c.Typed} : TSteps{});
+        }
+    }
+}
+
+TEST_F(GridEditingTest, NumbersBeyondTheBoundsAreRefused) {
+    for (const auto& [Typed, Refused] : {std::pair("0", false), {"1000", false}, {"-0.001", true}, {"1000.5", true}}) {
+        SCOPED_TRACE(Typed);
+        Data.SetValue(0, kQuantity, 42.0);
+        Type(0, kQuantity, Typed);
+        View.PostEditor();
+        EXPECT_EQ(Cell(0, kQuantity) == Variant(42.0), Refused);
+        EXPECT_EQ(TakeLog().size(), Refused ? 1u : 0u);
+    }
+}
+
+TEST_F(GridEditingTest, WholeNumberEditorsRefuseFractions) {
+    Quantity->FloatValues = false;
+    Type(0, kQuantity, "2.5");
+    View.PostEditor();
+    EXPECT_THAT(TakeLog(), ElementsAre("W Res_LogNumberRefused|2.5"));
+    Type(0, kQuantity, "3");
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kQuantity), Variant(3.0));
+}
+
+TEST_F(GridEditingTest, ATextThatIsNoItemOfAFixedListIsRefused) {
+    Data.SetValue(0, kSide, "Sell");
+    Type(0, kSide, "Bu");
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kSide), Variant("Sell"));
+    EXPECT_THAT(TakeLog(), ElementsAre("W Res_LogChoiceRefused|Bu"));
+    Type(0, kSide, "bUY");
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kSide), Variant("Buy"));
+    Combo->FixedList = false;
+    Type(0, kSide, "Hold");
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kSide), Variant("Hold"));
+}
+
+TEST_F(GridEditingTest, ValidationMayReplaceTheValue) {
+    Popup->OnValidate = [this](TObject* Sender, Variant& Value, Text&, bool&) {
+        EXPECT_EQ(Sender, View.GetEditor());
+        Value = Value.AsText() == "5" ? Variant("00005") : Variant(" ");
+    };
+    Type(0, kSymbol, "5");
+    View.PostEditor();
+    Type(1, kSymbol, "XYZ");
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kSymbol), Variant("00005"));
+    EXPECT_EQ(Cell(1, kSymbol), Variant(" "));
+    EXPECT_THAT(Edits, ElementsAre("0,0: 5 > 00005", "1,0: XYZ >  "));
+}
+
+TEST_F(GridEditingTest, AValidationErrorKeepsTheEditorOpenAndTheFocusInItsCell) {
+    bool Refuse = true;
+    Popup->OnValidate = [&](TObject*, Variant& Value, Text& ErrorText, bool& Error) {
+        Value = "changed";
+        ErrorText = "no such symbol";
+        Error = Refuse;
+    };
+    Data.SetValue(0, kSymbol, "old");
+    TCellEditor& Editor = Type(0, kSymbol, "bad");
+    int Told = 0;
+    Links += Editor.OnChanged.Connect([&] { ++Told; });
+    View.PostEditor();
+    EXPECT_EQ(View.GetEditor(), &Editor);
+    EXPECT_EQ(View.GetErrorText(), "no such symbol");
+    EXPECT_EQ(Told, 1);
+    EXPECT_EQ(Editor.GetText(), "bad");
+    EXPECT_EQ(Cell(0, kSymbol), Variant("old"));
+    View.SetFocusedCell(1, kMemo);
+    EXPECT_EQ(View.GetFocusedRecord(), 0);
+    EXPECT_EQ(View.StartEdit(1, kMemo), nullptr);
+    EXPECT_EQ(View.GetEditor(), &Editor);
+    EXPECT_THAT(Edits, IsEmpty());
+    Refuse = false;
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kSymbol), Variant("changed"));
+    EXPECT_EQ(View.GetErrorText(), "");
+    EXPECT_EQ(View.GetEditor(), nullptr);
+}
+
+TEST_F(GridEditingTest, CancellingForgetsTheError) {
+    Popup->OnValidate = [](TObject*, Variant&, Text& ErrorText, bool& Error) {
+        ErrorText = "no";
+        Error = true;
+    };
+    Type(0, kSymbol, "bad");
+    View.PostEditor();
+    View.CancelEdit();
+    EXPECT_EQ(View.GetErrorText(), "");
+}
+
+TEST_F(GridEditingTest, AValidationThatThrowsClosesAndLeavesTheCell) {
+    Data.SetValue(0, kSymbol, "old");
+    Popup->OnValidate = [](TObject*, Variant& Value, Text&, bool&) {
+        Value = "half";
+        throw std::runtime_error("malformed expiry");
+    };
+    Type(0, kSymbol, "new");
+    View.PostEditor();
+    EXPECT_EQ(View.GetEditor(), nullptr);
+    EXPECT_EQ(Cell(0, kSymbol), Variant("old"));
+    EXPECT_THAT(Edits, IsEmpty());
+    EXPECT_THAT(TakeLog(), ElementsAre("E Res_LogHandlerFailed|grid.0.OnValidate|malformed expiry"));
+    Popup->OnValidate = nullptr;
+    Type(0, kSymbol, "new");
+    View.PostEditor();
+    EXPECT_EQ(Cell(0, kSymbol), Variant("new")) << "the guard was reset";
+}
+
+TEST_F(GridEditingTest, ValidationMayAddRecordsAndFillTheRow) {
+    Popup->OnValidate = [this](TObject*, Variant&, Text&, bool&) {
+        Data.SetRecordCount(Data.GetRecordCount() + 1);
+        Data.SetValue(2, kQuantity, 1);
+        Data.SetValue(2, kSide, "Buy");
+    };
+    Type(2, kSymbol, "HSI");
+    View.PostEditor();
+    EXPECT_EQ(Data.GetRecordCount(), 4);
+    EXPECT_EQ(Cell(2, kSymbol), Variant("HSI"));
+    EXPECT_EQ(Cell(2, kQuantity), Variant(1));
+    EXPECT_TRUE(Cell(3, kSymbol).IsNull());
+}
+
+TEST_F(GridEditingTest, ValidationThatPostsMovesOrOpensDoesNotPostTwice) {
+    int Validations = 0;
+    Popup->OnValidate = [&](TObject*, Variant&, Text&, bool&) {
+        ++Validations;
+        View.PostEditor();
+        View.SetFocusedCell(1, kMemo);
+        EXPECT_EQ(View.StartEdit(2, kMemo), nullptr);
+        Button.SetFocus();
+    };
+    Type(0, kSymbol, "HSI");
+    View.PostEditor();
+    EXPECT_EQ(Validations, 1);
+    EXPECT_EQ(Cell(0, kSymbol), Variant("HSI"));
+    EXPECT_EQ(View.GetFocusedRecord(), 1);
+    EXPECT_EQ(View.GetFocusedColumn(), kMemo);
+    EXPECT_TRUE(Button.HasFocus());
+    EXPECT_THAT(Edits, ElementsAre("0,0: HSI > HSI"));
+    EXPECT_NE(View.StartEdit(2, kMemo), nullptr);
+}
+
+TEST_F(GridEditingTest, ValidationThatTakesTheCellAwayWritesNothing) {
+    const std::pair<const char*, std::function<void()>> Cases[] = {
+        {"its record deleted", [this] { Data.DeleteRecord(1); }},
+        {"its record dropped", [this] { Data.SetRecordCount(1); }},
+        {"cancelled", [this] { View.CancelEdit(); }},
+        {"its column gone", [this] { View.ClearColumns(); }},
+    };
+    for (const auto& [Why, Act] : Cases) {
+        SCOPED_TRACE(Why);
+        Data.SetRecordCount(3);
+        Edits.clear();
+        Popup->OnValidate = [&](TObject*, Variant&, Text&, bool&) { Act(); };
+        Type(1, kSymbol, "HSI");
+        View.PostEditor();
+        EXPECT_EQ(View.GetEditor(), nullptr);
+        for (int Record = 0; Record < Data.GetRecordCount(); ++Record) EXPECT_TRUE(Cell(Record, kSymbol).IsNull());
+        EXPECT_THAT(Edits, IsEmpty());
+    }
+}
+
+TEST_F(GridEditingTest, ValidationThatDeletesAnEarlierRecordStillWritesIntoItsOwn) {
+    Popup->OnValidate = [this](TObject*, Variant&, Text&, bool&) { Data.DeleteRecord(0); };
+    Type(2, kSymbol, "HSI");
+    View.PostEditor();
+    EXPECT_EQ(Data.GetRecordCount(), 2);
+    EXPECT_EQ(Cell(1, kSymbol), Variant("HSI"));
+    EXPECT_THAT(Edits, ElementsAre("1,0: HSI > HSI"));
+}
+
+TEST_F(GridEditingTest, AButtonFindsThePostedCell) {
+    Variant Seen;
+    Button.OnClick = [&](TObject*) { Seen = Cell(0, kQuantity); };
+    Type(0, kQuantity, "7");
+    Button.Click();
+    EXPECT_EQ(Seen, Variant(7.0));
+    EXPECT_EQ(View.GetEditor(), nullptr);
+}
+
+TEST_F(GridEditingTest, AFrameThatPostsItsEditorsPostsTheCell) {
+    Type(0, kMemo, "text");
+    Scope.PostEditors();
+    EXPECT_EQ(Cell(0, kMemo), Variant("text"));
+}
+
+TEST_F(GridEditingTest, StartingElsewherePostsFirst) {
+    Type(0, kMemo, "first");
+    EXPECT_NE(View.StartEdit(1, kMemo), nullptr);
+    EXPECT_EQ(Cell(0, kMemo), Variant("first"));
+    EXPECT_THAT(Editors, ElementsAre("open", "closed", "open"));
+}
+
+TEST_F(GridEditingTest, AListenerOfThePostedEditMayOpenTheNextEditor) {
+    Links += View.OnEdited.Connect([this](int Record, int Column, const Variant&, const Variant&) { View.StartEdit(Record + 1, Column); });
+    Type(0, kMemo, "first");
+    View.PostEditor();
+    ASSERT_NE(View.GetEditor(), nullptr);
+    EXPECT_EQ(View.GetEditor()->GetRecord(), 1);
+}
+
+TEST_F(GridEditingTest, ClosingHidesThePopup) {
+    TPopupControl Selector;
+    Popup->PopupControl = &Selector;
+    for (const bool Post : {true, false}) {
+        View.StartEdit(0, kSymbol)->OpenList();
+        ASSERT_TRUE(Selector.IsShown());
+        Post ? View.PostEditor() : View.CancelEdit();
+        EXPECT_FALSE(Selector.IsShown());
+    }
+}
+
+}  // namespace
+}  // namespace fw
