@@ -15,7 +15,7 @@ void TLanguageService::TakeNames(const TMarketSet& Market) {
 }
 
 std::string TLanguageService::Resource(std::string_view Key, const std::vector<std::string>& Args) const {
-    return Fill(FTexts.Lookup(kTagResource, Key, FLanguage), Args);
+    return FTexts.Sentence(Key, Args, FLanguage);
 }
 
 std::string TLanguageService::Message(std::string_view Code) const { return FTexts.Lookup(kTagMessage, Code, FLanguage); }
