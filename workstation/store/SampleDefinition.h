@@ -54,7 +54,7 @@ void ReadSample(const std::filesystem::path& Folder, TSampleDefinition& Definiti
 std::vector<TProductRow> ContractsOf(const TSampleDefinition& Definition, const TContractLine& Line, int Shift);
 
 // Fills a pattern: {U} series, {K} strike, {M} month letter (futures FGHJKMNQUVXZ, calls A-L, puts M-X),
-// {y} last digit of the expiry's year, {yy} its last two digits, {mm} its month, {dd} its day.
+// {T} C or P, {y} last digit of the expiry's year, {yy} its last two digits, {mm} its month, {dd} its day.
 std::string SymbolFromPattern(const std::string& Pattern, const TProductRow& Product, TDay Expiry);
 
 // Whether a call/put code is a call's or a put's: the first character decides, as at symbol entry.

@@ -46,6 +46,7 @@ std::string Placeholder(std::string_view Name, const TProductRow& Product, const
     if (Name == "U") return Product.Series;
     if (Name == "K") return Product.StrikePrice;
     if (Name == "M") return std::string(1, MonthLetters(Product)[Month]);
+    if (Name == "T") return IsPutCode(Product.CallPutCode) ? "P" : "C";
     if (Name == "y") return Date.substr(3, 1);
     if (Name == "yy") return Date.substr(2, 2);
     if (Name == "mm") return Date.substr(5, 2);

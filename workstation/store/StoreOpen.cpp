@@ -36,6 +36,14 @@ void CheckOrigin(SQLite::Database& Db, const std::string& Name) {
 
 bool IsSound(SQLite::Database& Db) { return Db.execAndGet("PRAGMA quick_check(1)").getString() == "ok"; }
 
+// The library takes a file of one byte for an empty database and would write over it.
+bool IsTooShort(const fs::path& File) {
+    constexpr std::uintmax_t kSmallestPage = 512;
+    std::error_code Error;
+    const auto Size = fs::file_size(File, Error);
+    return !Error && Size > 0 && Size < kSmallestPage;
+}
+
 // A damaged file is met in two ways: by an error of the library, or by the check.
 struct TDamaged {};
 
@@ -43,9 +51,13 @@ struct TDamaged {};
 SQLite::Database OpenChecked(const fs::path& File) {
     const std::string Name = File.string();
     try {
+        if (IsTooShort(File)) throw TDamaged{};
         SQLite::Database Db(Name, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs);
+        // Until the file is known to be a sound store of ours, closing it must not write the log into it.
+        sqlite3_db_config(Db.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
         CheckOrigin(Db, Name);
         if (!IsSound(Db)) throw TDamaged{};
+        sqlite3_db_config(Db.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
         // A file without write permission opens all the same, for reading.
         if (sqlite3_db_readonly(Db.getHandle(), "main") == 1) throw EStoreError(kStoreReadOnly, {Name});
         Db.exec("PRAGMA journal_mode = WAL");
@@ -99,7 +111,7 @@ fs::path SetAside(const fs::path& File, const std::string& Now) {
     for (int Try = 1;; ++Try) {
         const fs::path Target = Try == 1 ? Base : Base + "-" + std::to_string(Try);
         if (MoveTo(File, Target, Error)) {
-            for (const char* Tail : {"-wal", "-shm"}) {
+            for (const char* Tail : {"-wal", "-shm", "-journal"}) {
                 std::error_code Ignored;
                 if (fs::exists(File.string() + Tail, Ignored))
                     MoveTo(File.string() + Tail, Target.string() + Tail, Ignored);
@@ -187,6 +199,7 @@ TOpenedStore TStore::InMemoryCopyOf(const fs::path& File) {
         auto Impl = std::make_unique<TImpl>(":memory:", EmptyInMemory());
         std::error_code Ignored;
         try {
+            if (IsTooShort(File)) throw TDamaged{};
             if (fs::file_size(File, Ignored) > 0 && !Ignored) {
                 SQLite::Database Source = OpenForCopy(File);
                 CheckOrigin(Source, Name);
