@@ -106,7 +106,8 @@ void TCellEditor::Spin(int Steps) {
     const auto* Properties = As<TcxSpinEditProperties>(FProperties);
     if (FClosed || !Properties) return;
     const auto Alive = weak_from_this().lock();
-    const Variant Stepped(StepNumber(FValue.AsFloat(0.0), Steps, Properties->Increment, Properties->MinValue, Properties->MaxValue));
+    const Variant Stepped(
+        StepNumber(FValue.AsFloat(0.0), Steps, Properties->Increment, Properties->MinValue, Properties->MaxValue));
     if (Stepped == FValue && !FTyping) return;
     FModified = true;
     FTyping = FRefused = false;
