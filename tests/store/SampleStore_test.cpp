@@ -263,8 +263,8 @@ TEST(SampleStore, BadLinesAreToldAndTheRestIsUsed) {
     const TSampleOutcome Outcome = PrepareSampleMarket(*Store, Edited.Path(), "2026/11/21");
     EXPECT_TRUE(Outcome.Created);
     ASSERT_EQ(Outcome.Notices.size(), 1u);
-    EXPECT_EQ(Outcome.Notices[0].Key, kSampleBadLine);
-    EXPECT_EQ(Outcome.Notices[0].Args, (std::vector<std::string>{"positions.csv", "3", "Res_LineNotNumber", "Qty", "two"}));
+    EXPECT_EQ(Outcome.Notices[0].Key, "Res_LineNotNumber");
+    EXPECT_EQ(Outcome.Notices[0].Args, (std::vector<std::string>{"positions.csv", "3", "Qty", "two"}));
 }
 
 TEST(SampleStore, PositionsInContractsThatTheFilesDroppedAreTold) {

@@ -14,8 +14,8 @@ namespace ws {
 struct TLineProblem {
     std::string File;  // name without folder
     int Line = 0;      // counted from 1; 0 = the file as a whole
-    std::string Key;   // the reason, "Res_..."
-    std::vector<std::string> Args;
+    std::string Key;   // the reason, "Res_..."; its text begins with %1 file and %2 line
+    std::vector<std::string> Args;  // from %3 on
 };
 
 struct TCsvRow {
@@ -35,7 +35,7 @@ struct TCsvTable {
 TCsvTable ReadCsv(const std::filesystem::path& Path, std::vector<TLineProblem>& Problems);
 
 inline constexpr char kLineNoFile[] = "Res_LineNoFile";          // the file is missing or cannot be read
-inline constexpr char kLineCellCount[] = "Res_LineCellCount";    // %1 cells, %2 expected
+inline constexpr char kLineCellCount[] = "Res_LineCellCount";    // cells, expected cells
 inline constexpr char kLineBrokenQuote[] = "Res_LineBrokenQuote";
 
 }  // namespace ws

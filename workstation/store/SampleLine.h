@@ -12,15 +12,15 @@
 
 namespace ws {
 
-inline constexpr char kLineNoColumn[] = "Res_LineNoColumn";            // %1 a column the header lacks
-inline constexpr char kLineUnknownColumn[] = "Res_LineUnknownColumn";  // %1 a column nobody reads
-inline constexpr char kLineEmpty[] = "Res_LineEmpty";                  // %1 column that must be filled
-inline constexpr char kLineNotNumber[] = "Res_LineNotNumber";          // %1 column, %2 text
-inline constexpr char kLineOutOfRange[] = "Res_LineOutOfRange";        // %1 column, %2 text
-inline constexpr char kLineUnknownCode[] = "Res_LineUnknownCode";      // %1 column, %2 text
-inline constexpr char kLineTwice[] = "Res_LineTwice";                  // %1 what is listed a second time
-inline constexpr char kLineBadDate[] = "Res_LineBadDate";              // %1 column, %2 text
-inline constexpr char kLineBadText[] = "Res_LineBadText";              // %1 column, %2 text
+inline constexpr char kLineNoColumn[] = "Res_LineNoColumn";            // a column the header lacks
+inline constexpr char kLineUnknownColumn[] = "Res_LineUnknownColumn";  // a column nobody reads
+inline constexpr char kLineEmpty[] = "Res_LineEmpty";                  // a column that must be filled
+inline constexpr char kLineNotNumber[] = "Res_LineNotNumber";          // column, text
+inline constexpr char kLineOutOfRange[] = "Res_LineOutOfRange";        // column, text
+inline constexpr char kLineUnknownCode[] = "Res_LineUnknownCode";      // column, text
+inline constexpr char kLineTwice[] = "Res_LineTwice";                  // what is listed a second time
+inline constexpr char kLineBadDate[] = "Res_LineBadDate";              // column, text
+inline constexpr char kLineBadText[] = "Res_LineBadText";              // column, text
 
 // Reads cells by column name. The first thing wrong is reported once, and Good() is false from then on; the caller
 // reads all cells it wants and asks at the end.

@@ -14,7 +14,7 @@ namespace {
 void TellProblems(const TSampleMarket& Sample, const std::filesystem::path& Folder, TSampleOutcome& Outcome) {
     if (Sample.Empty()) Outcome.Notices.push_back({kSampleMissing, {Folder.string()}});
     for (const auto& Problem : Sample.Problems()) {
-        TStoreNotice Notice{kSampleBadLine, {Problem.File, std::to_string(Problem.Line), Problem.Key}};
+        TStoreNotice Notice{Problem.Key, {Problem.File, std::to_string(Problem.Line)}};
         Notice.Args.insert(Notice.Args.end(), Problem.Args.begin(), Problem.Args.end());
         Outcome.Notices.push_back(std::move(Notice));
     }

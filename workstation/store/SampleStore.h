@@ -15,7 +15,8 @@
 namespace ws {
 
 struct TSampleOutcome {
-    std::vector<TStoreNotice> Notices;             // what the user should read, bad lines of the files included
+    std::vector<TStoreNotice> Notices;             // what the user should read; of a bad line: its reason's key,
+                                                   // %1 file, %2 line, then the reason's own arguments
     bool Created = false;                          // the sample was put into the store
     int MonthsRolled = 0;                          // by how much it was moved by this call
     std::map<std::string, std::string> SymbolMap;  // old symbol -> new symbol of every contract that moved
@@ -37,7 +38,6 @@ inline constexpr char kMetaSampleMonths[] = "SampleMonths";            // months
 inline constexpr char kMetaSampleFirstExpiry[] = "SampleFirstExpiry";  // "yyyy/MM/dd"
 
 inline constexpr char kSampleMissing[] = "Res_SampleMissing";                  // %1 folder
-inline constexpr char kSampleBadLine[] = "Res_SampleBadLine";                  // %1 file, %2 line, %3 reason key, then its arguments
 inline constexpr char kSampleRolled[] = "Res_SampleRolled";                    // %1 months, %2 first expiry
 inline constexpr char kSamplePositionDropped[] = "Res_SamplePositionDropped";  // %1 account, %2 symbol
 
