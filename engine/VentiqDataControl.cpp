@@ -22,15 +22,18 @@ struct TCustomVentiqDataControl::TLegReading {
 TCustomVentiqDataControl::TCustomVentiqDataControl(TObject* Owner)
     : TCustomDataControl(Owner),
       FMonthComparer(std::make_shared<TCustomMonthComparer>()),
-      FPriceDataComparer(std::make_shared<TCustomComparer>([this](const Text& A, const Text& B) { return ComparePrice(A, B); })) {
+      FPriceDataComparer(
+          std::make_shared<TCustomComparer>([this](const Text& A, const Text& B) { return ComparePrice(A, B); })) {
     TCustomMarketAdapter::GetInstance().AddExchangeUpdateHandler(
         [this](TObject* Sender, TObject* Data) { MarketExchangeUpdate(Sender, Data); }, this);
 }
 
 TCustomVentiqDataControl::~TCustomVentiqDataControl() {
-    Dispatch("~TCustomVentiqDataControl", [this] { TCustomMarketAdapter::GetInstance().RemoveExchangeUpdateHandler(this); });
+    Dispatch("~TCustomVentiqDataControl",
+             [this] { TCustomMarketAdapter::GetInstance().RemoveExchangeUpdateHandler(this); });
     Dispatch("~TCustomVentiqDataControl", [this] {
-        for (const auto& [Symbol, Item] : FSubscribedList) TCustomSubscribeAdapter::GetInstance().Unsubscribe(Item, this);
+        for (const auto& [Symbol, Item] : FSubscribedList)
+            TCustomSubscribeAdapter::GetInstance().Unsubscribe(Item, this);
     });
     ClearPayOffData();
     ClearPayOffOrderData();
@@ -55,8 +58,8 @@ void TCustomVentiqDataControl::AddRecord(const Text& Symbol, int32_t Side, doubl
     Leg.FQty = Qty;
 }
 
-void TCustomVentiqDataControl::AddOrderRecord(const Text& Symbol, int32_t Side, double Premium, double Qty, int32_t OpenClose,
-                                              int32_t Principal) {
+void TCustomVentiqDataControl::AddOrderRecord(const Text& Symbol, int32_t Side, double Premium, double Qty,
+                                              int32_t OpenClose, int32_t Principal) {
     auto& Leg = *FPayOffOrderDataList.emplace_back(std::make_unique<TCustomPayOffData>());
     Leg.FSymbol = Symbol;
     Leg.FSide = Side;
@@ -86,8 +89,10 @@ std::vector<TCustomVentiqDataControl::TLegReading> TCustomVentiqDataControl::Rea
     Result.reserve(FPayOffDataList.size());
     for (const auto& Leg : FPayOffDataList) {
         const auto* Item = PriceDataItem(Leg->FSymbol);
-        auto& Reading = Result.emplace_back(TLegReading{ReadLegTerms(*Leg, *Item), Item->GetFieldText(kFieldCurrency), {}});
-        if (Reading.Terms.ProductType == kProductOption) Reading.KeyStrike = TextToFloat(Item->GetFieldText(kFieldStrike));
+        auto& Reading =
+            Result.emplace_back(TLegReading{ReadLegTerms(*Leg, *Item), Item->GetFieldText(kFieldCurrency), {}});
+        if (Reading.Terms.ProductType == kProductOption)
+            Reading.KeyStrike = TextToFloat(Item->GetFieldText(kFieldStrike));
     }
     return Result;
 }
@@ -111,7 +116,8 @@ void TCustomVentiqDataControl::Calculate() {
     for (size_t I = 0; I < Readings.size(); ++I) {
         Terms->push_back(Readings[I].Terms);
         const Text& Symbol = FPayOffDataList[I]->FSymbol;
-        if (!HasUsableTerms(Readings[I].Terms) && Named.insert(Symbol).second) TLog::Warning("Res_LogLegWithoutData", {Symbol});
+        if (!HasUsableTerms(Readings[I].Terms) && Named.insert(Symbol).second)
+            TLog::Warning("Res_LogLegWithoutData", {Symbol});
     }
 
     if (FDetailControl) {

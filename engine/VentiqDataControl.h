@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <functional>
 #include <map>
 
 #include "engine/VentiqDetailDataControl.h"
@@ -70,7 +71,8 @@ public:
 
     // Legs; no validation, no duplicate check.
     void AddRecord(const Text& Symbol, int32_t Side, double Premium, double Qty);
-    void AddOrderRecord(const Text& Symbol, int32_t Side, double Premium, double Qty, int32_t OpenClose, int32_t Principal);
+    void AddOrderRecord(const Text& Symbol, int32_t Side, double Premium, double Qty, int32_t OpenClose,
+                        int32_t Principal);
     void ClearPayOffData();
     void ClearPayOffOrderData();
     void ResetOrderList();
@@ -125,8 +127,8 @@ private:
 
     TPayOffDataList FPayOffDataList;
     TPayOffDataList FPayOffOrderDataList;
-    TStringList FDataList;                         // key prices, ascending
-    std::map<Text, double> FDataDictionary;        // key price -> P/L
+    TStringList FDataList;                   // key prices, ascending
+    std::map<Text, double> FDataDictionary;  // key price -> P/L
     std::vector<std::unique_ptr<TCustomClientOrder>> FOrderList;
     std::shared_ptr<TCustomMonthComparer> FMonthComparer;
     std::shared_ptr<TCustomComparer> FPriceDataComparer;
@@ -142,7 +144,7 @@ private:
     double FDefaultDownPrice = 0.0, FDefaultUpPrice = 0.0, FDefaultInterval = 0.0;
     std::map<Text, TCustomSubItem*> FSubscribedList;  // pending underlyings; items belong to the host
     TNotifyEvent FOnUpdateDefaultPrice;
-    std::shared_ptr<const TLegTermsList> FTerms;      // set while a calculation runs
+    std::shared_ptr<const TLegTermsList> FTerms;  // set while a calculation runs
 };
 
 }  // namespace ventiq

@@ -30,7 +30,8 @@ TOrigin OriginOf(const TCustomSubItem& Item) {
     constexpr int kSeriesPrefix = 3;
     TOrigin Result;
     if (const auto* Product = TCustomMarketAdapter::GetInstance().GetProductBySymbol(Item.GetSymbol()))
-        Result = {Product->GetExchange(), Product->GetSeries(), Product->GetExpiryDate(), Trim(Product->GetAttribute(kWeeklyAttribute))};
+        Result = {Product->GetExchange(), Product->GetSeries(), Product->GetExpiryDate(),
+                  Trim(Product->GetAttribute(kWeeklyAttribute))};
     if (Result.Exchange.empty()) Result.Exchange = Item.GetFieldText(kFieldExchange);
     if (Result.Series.empty()) Result.Series = Item.GetFieldText(kFieldSeries);
     if (Result.Series.empty()) Result.Series = FirstCharacters(Item.GetSymbol(), kSeriesPrefix);

@@ -52,7 +52,8 @@ Variant TCustomVentiqDetailDataControl::GetValue(int32_t RecordIndex, int32_t At
 Text TCustomVentiqDetailDataControl::GetDisplayValue(int32_t RecordIndex, int32_t Attribute) {
     if (!IsRow(RecordIndex)) return GetEmptyCellText();
     auto& Formatter = TCustomFormatter::GetInstance();
-    if (Attribute == kColPrice) return Formatter.FormatValue(TextToFloatDef(FDataList.At(RecordIndex), 0.0), kFormatPrice);
+    if (Attribute == kColPrice)
+        return Formatter.FormatValue(TextToFloatDef(FDataList.At(RecordIndex), 0.0), kFormatPrice);
     if (Attribute == kColPL) return Formatter.FormatValue(FRows.SumAt(RecordIndex), kFormatAmount);
     return GetEmptyCellText();
 }

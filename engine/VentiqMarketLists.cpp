@@ -87,7 +87,8 @@ void TCustomVentiqDataControl::WalkMonthProducts(const std::function<void(TCusto
     for (int I = 0; I < Count; ++I) {
         auto* Product = Market.GetProduct(FExchange, FSeries, I);
         if (!Product || !IsDerivative(*Product)) continue;
-        if (SameText(Product->GetExchange(), kWeeklyExchange)) WeeklyTag = Trim(Product->GetAttribute(kWeeklyAttribute));
+        if (SameText(Product->GetExchange(), kWeeklyExchange))
+            WeeklyTag = Trim(Product->GetAttribute(kWeeklyAttribute));
         Visit(*Product, GetMonthCode(Product->GetExpiryDate(), WeeklyTag));
     }
 }

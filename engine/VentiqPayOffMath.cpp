@@ -38,7 +38,9 @@ double OptionBase(const TLegTerms& Leg, double Price) {
 
 }  // namespace
 
-double TCustomPayOffData::CalculatePL(double Price) const { return LegPL(ReadLegTerms(*this, *PriceDataItem(FSymbol)), Price); }
+double TCustomPayOffData::CalculatePL(double Price) const {
+    return LegPL(ReadLegTerms(*this, *PriceDataItem(FSymbol)), Price);
+}
 
 int32_t GetCallPut(const TCustomSubItem& Item) {
     const Text Code = Item.GetFieldText(kFieldCallPut);
@@ -51,7 +53,9 @@ int32_t GetCallPut(const TCustomSubItem& Item) {
     return Code[0] == 'p' || Code[0] == 'P' ? kPut : kCallPutUnknown;
 }
 
-TCustomSubItem* PriceDataItem(const Text& Symbol) { return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0); }
+TCustomSubItem* PriceDataItem(const Text& Symbol) {
+    return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0);
+}
 
 TLegTerms ReadLegTerms(const TCustomPayOffData& Leg, const TCustomSubItem& Item) {
     TLegTerms Result;

@@ -15,12 +15,12 @@ using namespace fw;
 // One strategy leg. Prices in real price units, never display units.
 class TCustomPayOffData : public TObject {
 public:
-    Text FSymbol;             // key of the market-data item
-    int32_t FSide = 0;        // 0 buy, 1 sell; other sides: an option is worth 0, a future counts as bought
-    double FPremium = 0.0;    // option: premium per unit; future: entry price; order leg: order price
-    double FQty = 0.0;        // contracts, sign included
-    int32_t FOpenClose = 0;   // order legs only
-    int32_t FPrincipal = 0;   // order legs only
+    Text FSymbol;            // key of the market-data item
+    int32_t FSide = 0;       // 0 buy, 1 sell; other sides: an option is worth 0, a future counts as bought
+    double FPremium = 0.0;   // option: premium per unit; future: entry price; order leg: order price
+    double FQty = 0.0;       // contracts, sign included
+    int32_t FOpenClose = 0;  // order legs only
+    int32_t FPrincipal = 0;  // order legs only
 
     // P/L at expiry of this leg if the underlying settles at Price, times quantity and multiplier, never rounded. Reads
     // the market data as they stand. An unreadable product type: 0.0.

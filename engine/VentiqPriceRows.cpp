@@ -23,15 +23,18 @@ bool ShareText(double A, double B) {
 
 }  // namespace
 
-TPriceRows::TPriceRows(double Down, double Up, double Interval, int32_t Count, std::shared_ptr<const TLegTermsList> Terms)
+TPriceRows::TPriceRows(double Down, double Up, double Interval, int32_t Count,
+                       std::shared_ptr<const TLegTermsList> Terms)
     : FDown(Down), FUp(Up), FInterval(Interval), FCount(Count), FEnd(Count), FTerms(std::move(Terms)) {
     // The clamped rows stand at the end of an ascending range and at the beginning of a descending one.
     const bool Ascending = FInterval >= 0.0;
     int64_t Low = 0, High = FCount;
     while (Low < High) {
         const int64_t Middle = (Low + High) / 2;
-        if (IsClamped(Middle) == Ascending) High = Middle;
-        else Low = Middle + 1;
+        if (IsClamped(Middle) == Ascending)
+            High = Middle;
+        else
+            Low = Middle + 1;
     }
     (Ascending ? FEnd : FBegin) = static_cast<int32_t>(Low);
 }
@@ -73,8 +76,10 @@ std::optional<int32_t> TPriceRows::FindMonotone(const Text& PriceText, double Va
     while (Low < High) {
         const int64_t Middle = (Low + High) / 2;
         const double Here = TextToFloatDef(PriceKey(PriceAt(static_cast<int32_t>(Middle))), 0.0);
-        if (FInterval >= 0.0 ? Here >= Value : Here <= Value) High = Middle;
-        else Low = Middle + 1;
+        if (FInterval >= 0.0 ? Here >= Value : Here <= Value)
+            High = Middle;
+        else
+            Low = Middle + 1;
     }
     if (Low < FEnd && PriceKey(PriceAt(static_cast<int32_t>(Low))) == PriceText) return static_cast<int32_t>(Low);
     return std::nullopt;

@@ -47,8 +47,8 @@ inline constexpr const char* kWeeklyExchange = "HKFE";              // the one e
 inline constexpr const char* kWeeklyAttribute = "WeeklyOptionExp";  // the tag of a weekly option
 
 // --- tolerances ---------------------------------------------------------------------------------------------------
-inline constexpr double kPriceTolerance = 1e-7;    // two prices closer than this are one
-inline constexpr double kPayOffTolerance = 1e-6;   // in the money, a last row, clamping
+inline constexpr double kPriceTolerance = 1e-7;   // two prices closer than this are one
+inline constexpr double kPayOffTolerance = 1e-6;  // in the money, a last row, clamping
 
 // --- process-wide date patterns -----------------------------------------------------------------------------------
 inline constexpr const char* kExpiryDateFormat = "yyyy/MM/dd";

@@ -38,7 +38,8 @@ protected:
 
     // "down up interval" of the default range.
     Text Defaults() {
-        return FloatToShortestText(Control->GetDefaultDownPrice()) + " " + FloatToShortestText(Control->GetDefaultUpPrice()) + " " +
+        return FloatToShortestText(Control->GetDefaultDownPrice()) + " " +
+               FloatToShortestText(Control->GetDefaultUpPrice()) + " " +
                FloatToShortestText(Control->GetDefaultInterval());
     }
 

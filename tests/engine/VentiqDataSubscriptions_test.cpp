@@ -66,7 +66,8 @@ TEST_F(TPendingTest, TheEntryIsGoneBeforeTheRangeIsDerived) {
     Control->SetMonth("2024-03");
     Item("F3").Ready().Set(kFieldReferencePrice, 100);
     size_t Pending = 99;
-    Control->SetOnUpdateDefaultPrice([&](TObject*) { Pending = Control->GetSubscribedList().size() + Host.Subscriptions.Subscribed().size(); });
+    Control->SetOnUpdateDefaultPrice(
+        [&](TObject*) { Pending = Control->GetSubscribedList().size() + Host.Subscriptions.Subscribed().size(); });
     Host.Subscriptions.Deliver();
     EXPECT_EQ(Pending, 0u);
 }

@@ -39,7 +39,8 @@ TEST_F(TRangeTest, TheRangeOfAMonthsStrikes) {
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);
         Host.Market.Clear();
-        for (const auto& Strike : C.Strikes) Host.Market.AddProduct("XDER", "OPT", "O" + Strike, kProductOption, kMarch, Strike, "C");
+        for (const auto& Strike : C.Strikes)
+            Host.Market.AddProduct("XDER", "OPT", "O" + Strike, kProductOption, kMarch, Strike, "C");
         Host.Market.AddProduct("XDER", "OPT", "OTHER", kProductOption, "2024/04/25", "900", "C");
         Host.Market.AddProduct("XDER", "OPT", "STOCK", 1, kMarch, "5");
         Host.Market.AddProduct("XDER", "OPT", "FUT", kProductFuture, kMarch);
@@ -56,7 +57,8 @@ TEST_F(TRangeTest, TheRangeOfAFuturesPrice) {
     struct {
         double Price;
         const char* Expected;
-    } const Cases[] = {{23456.7, "18765 28148 938"}, {12.3, "9 14 1"}, {50.5, "40 60 2"}, {0.5, "0 0 1"}, {-10, "0 0 1"}};
+    } const Cases[] = {
+        {23456.7, "18765 28148 938"}, {12.3, "9 14 1"}, {50.5, "40 60 2"}, {0.5, "0 0 1"}, {-10, "0 0 1"}};
     auto& Item = AddPendingFuture().Ready();
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Price);

@@ -38,12 +38,20 @@ TEST_F(TTableTest, RowsOfARange) {
         {"one price", 100, 100, 5, {"100"}},
         {"through zero", -10, 10, 5, {"-10", "-5", "0", "5", "10"}},
         {"negative prices", -0.3, -0.1, 0.1, {"-0.3", "-0.2", "-0.1"}},
-        {"a fraction within 1e-6 adds no row, the up limit is missing", 0, 1, 0.33333333, {"0", "0.33333333", "0.66666666", "0.99999999"}},
+        {"a fraction within 1e-6 adds no row, the up limit is missing",
+         0,
+         1,
+         0.33333333,
+         {"0", "0.33333333", "0.66666666", "0.99999999"}},
         {"down above up by less than an interval: one row at the up limit", 10, 9, 2, {"9"}},
         {"down above up by just half an interval, half a tolerance", 10, 9.9999995, 2, {"10"}},
         {"down above up by an interval", 10, 8, 2, {}},
         {"an interval beyond the range", 90, 110, 50, {"90", "110"}},
-        {"descending by a negative interval: everything above the up limit is the up limit", 10, 0, -5, {"0", "0", "0"}},
+        {"descending by a negative interval: everything above the up limit is the up limit",
+         10,
+         0,
+         -5,
+         {"0", "0", "0"}},
     };
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);
@@ -55,7 +63,8 @@ TEST_F(TTableTest, RowsOfARange) {
 
 TEST_F(TTableTest, PointsAreCountedNotAdded) {
     Calculate(0.1, 0.3, 0.1);
-    EXPECT_EQ(RowPL(2), (0.1 + 0.1 * 2.0) - 100.0) << "the third point, within the tolerance of the limit, is not clamped";
+    EXPECT_EQ(RowPL(2), (0.1 + 0.1 * 2.0) - 100.0)
+        << "the third point, within the tolerance of the limit, is not clamped";
     Calculate(0, 1000, 0.1);
     EXPECT_EQ(Detail.GetDataList().At(9999), "999.9");
 }
@@ -65,7 +74,8 @@ TEST_F(TTableTest, RowsThatShareATextShareTheLastSum) {
     Control->AddRecord("FUT", 0, 0, 1e9);
     Calculate(0, 0.00000002, 0.000000005);
     ASSERT_EQ(Detail.GetCount(), 5);
-    EXPECT_EQ(Rows(), (TTexts{"0", "0.00000001", "0.00000001", "0.00000002", "0.00000002"})) << "halves round away from zero";
+    EXPECT_EQ(Rows(), (TTexts{"0", "0.00000001", "0.00000001", "0.00000002", "0.00000002"}))
+        << "halves round away from zero";
     for (const auto& [Row, Last] : {std::pair{0, 0}, {1, 2}, {2, 2}, {3, 4}, {4, 4}})
         EXPECT_EQ(Bits(RowPL(Row)), Bits(Control->GetPayOffData()[0]->CalculatePL(0.000000005 * Last))) << Row;
 }
@@ -86,15 +96,18 @@ TEST_F(TTableTest, ALongRunOfOneText) {
 }
 
 TEST_F(TTableTest, ADescendingRangeMayMeetTheUpLimitTwice) {
-    // Clamped rows, then one within 1e-6 above the limit that stays, then the limit itself: first and last share a text.
+    // A clamped row, one within 1e-6 above the limit that stays, one just beside the limit: first and third share a
+    // text.
     Control->ClearPayOffData();
     Control->AddRecord("FUT", 0, 0, 1e9);
-    Calculate(0.0000016, 0, -0.0000008);
-    ASSERT_EQ(Rows(), (TTexts{"0", "0.0000008", "0"}));
+    Calculate(0.000001603, 0, -0.0000008);
+    ASSERT_EQ(Rows(), (TTexts{"0", "0.0000008", "0", "-0.0000008"}));
+    const double Third = Control->GetPayOffData()[0]->CalculatePL(0.000001603 + -0.0000008 * 2.0);
+    ASSERT_NE(Third, 0.0);
     double Sum = -1.0;
     ASSERT_TRUE(Detail.GetDataDictionary().TryGetValue("0", Sum));
-    EXPECT_EQ(Bits(Sum), Bits(Control->GetPayOffData()[0]->CalculatePL(0.0000016 + -0.0000008 * 2.0)));
-    EXPECT_EQ(Bits(RowPL(0)), Bits(Sum));
+    EXPECT_EQ(Bits(Sum), Bits(Third));
+    EXPECT_EQ(Bits(RowPL(0)), Bits(Third));
 }
 
 TEST_F(TTableTest, NoCapOnRows) {

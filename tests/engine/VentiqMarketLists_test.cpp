@@ -89,7 +89,8 @@ TEST_F(TListTest, WeeklyExpiriesHaveMonthsOfTheirOwnAtTheWeeklyExchange) {
     for (const auto* Exchange : {"HKFE", "hkfe", "HkFe"}) {
         SCOPED_TRACE(Exchange);
         Host.Market.Clear();
-        Host.Market.AddProduct(Exchange, "HSI", "W", kProductOption, "2024/05/09", "18000", "C").With(kWeeklyAttribute, "  W1 ");
+        Host.Market.AddProduct(Exchange, "HSI", "W", kProductOption, "2024/05/09", "18000", "C")
+            .With(kWeeklyAttribute, "  W1 ");
         Host.Market.AddProduct(Exchange, "HSI", "M", kProductOption, "2024/05/30", "18200", "C");
         Control->SetExchange("");
         Select(Exchange, "HSI");
@@ -114,7 +115,8 @@ TEST_F(TListTest, TheWeeklyTagIsCarriedToProductsOfAnotherExchange) {
     Spot.With(kWeeklyAttribute, "W9");
     Host.Market.AddProduct("HKFE", "S", "X", kProductOption, "2024/05/30", "110", "C").Exchange = "XDER";
     Select("HKFE", "S");
-    EXPECT_EQ(Months(), (TStringList{"2024-05", "2024-05-W1"})) << "before the first tag: none; the stock's is not read";
+    EXPECT_EQ(Months(), (TStringList{"2024-05", "2024-05-W1"}))
+        << "before the first tag: none; the stock's is not read";
     Control->SetMonth("2024-05-W1");
     EXPECT_EQ(Defaults(), "100 110 0") << "the scan follows the list";
     EXPECT_EQ(Months(), (TStringList{"2024-05", "2024-05-W1"})) << "each pass starts without a tag";

@@ -23,7 +23,8 @@ struct TLegCase {
 class TLegTest : public TEngineTest {
 protected:
     double PL(const TLegCase& C) {
-        auto& Item = Host.Subscriptions.Item("LEG").Ready().Set(kFieldProductType, C.ProductType).Set(kFieldCallPut, C.CallPut);
+        auto& Item =
+            Host.Subscriptions.Item("LEG").Ready().Set(kFieldProductType, C.ProductType).Set(kFieldCallPut, C.CallPut);
         Item.Set(kFieldStrike, C.StrikeOrEntry).Forget(kFieldMultiplier);
         if (C.Multiplier != 0.0) Item.Set(kFieldMultiplier, C.Multiplier);
         TCustomPayOffData Leg;
@@ -108,17 +109,20 @@ TEST_F(TLegTest, AnUnknownSymbolIsWorthNothing) {
 
 TEST_F(TLegTest, HostFieldsThatAreNoNumbersDoNotEndAnything) {
     EXPECT_TRUE(std::isnan(PL({"", "2", "", 0, 0, 100, 1, std::numeric_limits<double>::quiet_NaN(), 110, 0})));
-    EXPECT_EQ(PL({"a strike that is no number is never in the money", "3", "C", std::numeric_limits<double>::quiet_NaN(), 0, 5, 1, 0, 110, 0}), -5.0);
+    EXPECT_EQ(PL({"a strike that is no number is never in the money", "3", "C",
+                  std::numeric_limits<double>::quiet_NaN(), 0, 5, 1, 0, 110, 0}),
+              -5.0);
 }
 
 TEST_F(TLegTest, CallOrPut) {
     struct {
         const char* Code;
         int Expected;
-    } const Cases[] = {{"1", 0},  {"6", 0},   {"10", 0},  {"12", 0},    {"20", 0},  {"22", 0}, {"24", 0}, {"62", 0},  {"64", 0},
-                       {"2", 1},  {"7", 1},   {"11", 1},  {"13", 1},    {"21", 1},  {"23", 1}, {"25", 1}, {"63", 1},  {"65", 1},
-                       {"3", -1}, {"0", -1},  {"99", -1}, {"-1", -1},   {"", -1},   {"c", 0},  {"C", 0},  {"Call", 0}, {"p", 1},
-                       {"P", 1},  {"Put", 1}, {"Xc", -1}, {" C", -1},   {"1x", -1}, {"+1", 0}, {"01", 0}, {"1.0", -1}};
+    } const Cases[] = {{"1", 0},   {"6", 0},   {"10", 0},  {"12", 0},  {"20", 0},   {"22", 0}, {"24", 0},
+                       {"62", 0},  {"64", 0},  {"2", 1},   {"7", 1},   {"11", 1},   {"13", 1}, {"21", 1},
+                       {"23", 1},  {"25", 1},  {"63", 1},  {"65", 1},  {"3", -1},   {"0", -1}, {"99", -1},
+                       {"-1", -1}, {"", -1},   {"c", 0},   {"C", 0},   {"Call", 0}, {"p", 1},  {"P", 1},
+                       {"Put", 1}, {"Xc", -1}, {" C", -1}, {"1x", -1}, {"+1", 0},   {"01", 0}, {"1.0", -1}};
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Code);
         support::TFakeSubItem Item("X");

@@ -13,13 +13,16 @@ namespace {
 
 double Real(double Low, double High) {
     constexpr int64_t kSteps = (int64_t{1} << 52) - 1;
-    return Low + (High - Low) * (static_cast<double>(*rc::gen::inRange<int64_t>(0, kSteps)) / static_cast<double>(kSteps));
+    return Low +
+           (High - Low) * (static_cast<double>(*rc::gen::inRange<int64_t>(0, kSteps)) / static_cast<double>(kSteps));
 }
 
 int Whole(int Low, int High) { return *rc::gen::inRange(Low, High + 1); }
 
 template <class T>
-T OneOf(std::initializer_list<T> Values) { return *rc::gen::elementOf(std::vector<T>(Values)); }
+T OneOf(std::initializer_list<T> Values) {
+    return *rc::gen::elementOf(std::vector<T>(Values));
+}
 
 // A host, a control and random legs around a price.
 struct TWorld {
@@ -37,7 +40,8 @@ struct TWorld {
         auto& Item = Host.Subscriptions.Item(Symbol).Ready();
         Item.Set(kFieldProductType, OneOf<const char*>({"2", "3", "3", "3", "7", ""}));
         Item.Set(kFieldCallPut, OneOf<const char*>({"C", "P", "1", "11", "X"}));
-        Item.Set(kFieldStrike, Whole(0, 1) ? Real(Around - Width, Around + Width) : std::round(Around + Whole(-3, 3) * Width / 3));
+        Item.Set(kFieldStrike,
+                 Whole(0, 1) ? Real(Around - Width, Around + Width) : std::round(Around + Whole(-3, 3) * Width / 3));
         if (Whole(0, 1)) Item.Set(kFieldMultiplier, OneOf({50.0, 10.0, 0.1, 100.0}));
         Control.AddRecord(Symbol, Whole(0, 9) ? Whole(0, 1) : 2, Real(0, 20), OneOf({1.0, 2.0, -3.0, 0.5, 1e6}));
     }

@@ -61,7 +61,9 @@ Text TFakeFormatter::FormatValue(double Value, uint8_t Kind, const Text& Symbol,
     return Arg(int{Kind}) + ":" + FloatToShortestText(Value);
 }
 
-Text TFakeFormatter::FormatPrice(double Value, uint8_t Kind, bool UseDefault) { return FormatValue(Value, Kind, {}, UseDefault, nullptr); }
+Text TFakeFormatter::FormatPrice(double Value, uint8_t Kind, bool UseDefault) {
+    return FormatValue(Value, Kind, {}, UseDefault, nullptr);
+}
 
 void TFakeExchangeListComparer::Sort(TStringList* List) {
     FJournal.Call(List ? "ExchangeListComparer.Sort()" : "ExchangeListComparer.Sort(null)");

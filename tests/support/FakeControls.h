@@ -18,8 +18,8 @@ class TFakeEditorManager : public fw::TEditorManager {
 public:
     explicit TFakeEditorManager(TJournal& Journal) : FJournal(Journal) {}
     std::function<fw::Text(const fw::Text&)> Convert = [](const fw::Text& Typed) { return fw::UpperCase(Typed); };
-    fw::Text ColumnLayout;               // what GetGridColumnLayout answers
-    std::set<fw::Text> Accounts;         // accounts the user may use; empty: any
+    fw::Text ColumnLayout;        // what GetGridColumnLayout answers
+    std::set<fw::Text> Accounts;  // accounts the user may use; empty: any
     bool IsRegistered(const fw::TPopupEdit* Editor) const { return FEditors.contains(Editor); }
 
     void RegisterAccountEditor(fw::TPopupEdit* Editor, const fw::Text& GroupId, bool Flag1, bool Flag2) override;
@@ -27,7 +27,8 @@ public:
     void SetAccountLayoutAccount(fw::TPopupEdit* Editor, const fw::Text& Account) override;
     fw::Text GetConvertSymbol(const fw::Text& Typed) override;
     fw::Text GetGridColumnLayout(fw::TGridTableView* View, const fw::TColumnInfoList* Columns) override;
-    void SetGridColumnLayout(fw::TGridTableView* View, const fw::Text& Layout, const fw::TColumnInfoList* Columns) override;
+    void SetGridColumnLayout(fw::TGridTableView* View, const fw::Text& Layout,
+                             const fw::TColumnInfoList* Columns) override;
 
 private:
     TJournal& FJournal;
@@ -46,13 +47,15 @@ public:
     std::function<void()> OnShow;  // while the box is open
 
     void ShowMessageText(fw::TObject* Owner, const fw::Text& Message, int Kind, int Buttons, int Default) override;
-    void ShowMessageCode(fw::TObject* Owner, const fw::Text& Code, void* Reserved1, void* Reserved2, void* Reserved3) override;
+    void ShowMessageCode(fw::TObject* Owner, const fw::Text& Code, void* Reserved1, void* Reserved2,
+                         void* Reserved3) override;
 
 private:
     TJournal& FJournal;
 };
 
-// Writes any number as its shortest text behind the kind: "1:23.45", "3:-400"; FormatPrice the same. Records every call.
+// Writes any number as its shortest text behind the kind: "1:23.45", "3:-400"; FormatPrice the same. Records every
+// call.
 class TFakeFormatter : public fw::TCustomFormatter {
 public:
     struct TCall {

@@ -49,12 +49,13 @@ std::vector<Text> TFakeHost::TakeErrors() {
 std::vector<Text> TFakeHost::Leftovers() const {
     std::vector<Text> Result;
     for (const auto& Symbol : Subscriptions.Subscribed()) Result.push_back("subscription of " + Symbol);
-    const std::pair<const char*, int> Counts[] = {{"exchange update handler", Market.HandlerCount()},
-                                                  {"config update handler", Config.HandlerCount()},
-                                                  {"look and feel handler", LookAndFeel.HandlerCount()},
-                                                  {"timer handler", Timer.HandlerCount()},
-                                                  {"subscriber of channel 109", Channels.SubscriberCount(kChannelLayoutLoaded)},
-                                                  {"subscriber of channel 104", Channels.SubscriberCount(kChannelMainFormShow)}};
+    const std::pair<const char*, int> Counts[] = {
+        {"exchange update handler", Market.HandlerCount()},
+        {"config update handler", Config.HandlerCount()},
+        {"look and feel handler", LookAndFeel.HandlerCount()},
+        {"timer handler", Timer.HandlerCount()},
+        {"subscriber of channel 109", Channels.SubscriberCount(kChannelLayoutLoaded)},
+        {"subscriber of channel 104", Channels.SubscriberCount(kChannelMainFormShow)}};
     for (const auto& [What, Count] : Counts)
         for (int I = 0; I < Count; ++I) Result.emplace_back(What);
     return Result;

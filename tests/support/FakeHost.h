@@ -82,7 +82,7 @@ public:
     // Entries of error level only; they leave the log, the others stay. A dispatcher's line about a handler that threw
     // is one of them.
     std::vector<fw::Text> TakeErrors();
-    std::vector<fw::Text> ErrorsLogged() const;                          // the same, and they stay
+    std::vector<fw::Text> ErrorsLogged() const;                           // the same, and they stay
     const std::vector<fw::TLogEntry>& Logged() const { return FLogged; }  // all levels, in order
 
     // Registrations that still stand, a line each; empty after everything was closed.

@@ -71,8 +71,9 @@ void TFakeMarketAdapter::ListSeries(const Text& Exchange, const Text& Code) {
     Find(Exchange)->Series.push_back({Code, {}});
 }
 
-TFakeProduct& TFakeMarketAdapter::AddProduct(const Text& Exchange, const Text& Series, const Text& Symbol, int ProductType,
-                                             const Text& ExpiryDate, const Text& Strike, const Text& CallPut) {
+TFakeProduct& TFakeMarketAdapter::AddProduct(const Text& Exchange, const Text& Series, const Text& Symbol,
+                                             int ProductType, const Text& ExpiryDate, const Text& Strike,
+                                             const Text& CallPut) {
     if (!Find(Exchange, Series)) ListSeries(Exchange, Series);
     auto& Product = FProducts.emplace_back();
     Product.Symbol = Symbol;
@@ -86,8 +87,8 @@ TFakeProduct& TFakeMarketAdapter::AddProduct(const Text& Exchange, const Text& S
     return Product;
 }
 
-void TFakeMarketAdapter::AddOptions(const Text& Exchange, const Text& Series, const Text& Prefix, const Text& ExpiryDate,
-                                    const std::vector<Text>& Strikes) {
+void TFakeMarketAdapter::AddOptions(const Text& Exchange, const Text& Series, const Text& Prefix,
+                                    const Text& ExpiryDate, const std::vector<Text>& Strikes) {
     for (const auto& Strike : Strikes) {
         AddProduct(Exchange, Series, Prefix + "C" + Strike, 3, ExpiryDate, Strike, "C");
         AddProduct(Exchange, Series, Prefix + "P" + Strike, 3, ExpiryDate, Strike, "P");
@@ -146,7 +147,8 @@ int TFakeMarketAdapter::GetSeriesCount(const Text& Exchange) {
 }
 
 Text TFakeMarketAdapter::GetSeriesCode(const Text& Exchange, int Index) {
-    return Index >= 0 && Index < GetSeriesCount(Exchange) ? Find(Exchange)->Series[static_cast<size_t>(Index)].Code : Text();
+    return Index >= 0 && Index < GetSeriesCount(Exchange) ? Find(Exchange)->Series[static_cast<size_t>(Index)].Code
+                                                          : Text();
 }
 
 TCustomSeries* TFakeMarketAdapter::GetSeriesInfo(const Text& Series) {
@@ -162,7 +164,8 @@ int TFakeMarketAdapter::GetProductCount(const Text& Exchange, const Text& Series
 
 TCustomProduct* TFakeMarketAdapter::GetProduct(const Text& Exchange, const Text& Series, int Index) {
     const auto* S = Find(Exchange, Series);
-    return S && Index >= 0 && Index < static_cast<int>(S->Products.size()) ? S->Products[static_cast<size_t>(Index)] : nullptr;
+    return S && Index >= 0 && Index < static_cast<int>(S->Products.size()) ? S->Products[static_cast<size_t>(Index)]
+                                                                           : nullptr;
 }
 
 TCustomProduct* TFakeMarketAdapter::GetProductBySymbol(const Text& Symbol) {

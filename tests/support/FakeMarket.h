@@ -69,7 +69,8 @@ class TFakeMarketAdapter : public fw::TCustomMarketAdapter {
 public:
     explicit TFakeMarketAdapter(TJournal& Journal) : FJournal(Journal) {}
 
-    // Each of these adds what is named and not there yet. A code that is listed twice on purpose: ListExchange/ListSeries.
+    // Each of these adds what is named and not there yet. A code that is listed twice on purpose:
+    // ListExchange/ListSeries.
     void AddExchange(const fw::Text& Code, bool Supported = true);
     TFakeSeries& AddSeries(const fw::Text& Exchange, const fw::Text& Series, const fw::Text& Name = {});
     TFakeProduct& AddProduct(const fw::Text& Exchange, const fw::Text& Series, const fw::Text& Symbol, int ProductType,

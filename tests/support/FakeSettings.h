@@ -24,7 +24,8 @@ public:
     // Caption or message of language 0.
     void SetText(const fw::Text& Key, const fw::Text& Value) { SetText(0, Const::ResourceStringTag, Key, Value); }
 
-    void GetResourceString(fw::Text& Out, const fw::Text& Tag, const fw::Text& Key, int Kind, int Reserved, void* Extra) override;
+    void GetResourceString(fw::Text& Out, const fw::Text& Tag, const fw::Text& Key, int Kind, int Reserved,
+                           void* Extra) override;
     int GetLanguage() override { return Language; }
 
 private:
@@ -104,7 +105,9 @@ public:
     explicit TFakeGlobalChannelManager(TJournal& Journal) : FJournal(Journal) {}
     // A listener of the test's own (the batch dialog, the symbol popup); a second one on the channel replaces it. What
     // it throws reaches the sender.
-    void Listen(int Channel, std::function<void(fw::TObject* Record)> Listener) { FListeners[Channel] = std::move(Listener); }
+    void Listen(int Channel, std::function<void(fw::TObject* Record)> Listener) {
+        FListeners[Channel] = std::move(Listener);
+    }
     int SubscriberCount(int Channel) const;
 
     void Subscribe(int Channel, fw::TDataEvent Handler, fw::TObject* Owner) override;

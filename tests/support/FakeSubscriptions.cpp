@@ -31,7 +31,8 @@ TFakeSubItem& TFakeSubscribeAdapter::Item(const Text& Symbol) {
     return *Item;
 }
 
-TFakeSubItem& TFakeSubscribeAdapter::AddOption(const Text& Symbol, double Strike, const Text& CallPut, double Multiplier) {
+TFakeSubItem& TFakeSubscribeAdapter::AddOption(const Text& Symbol, double Strike, const Text& CallPut,
+                                               double Multiplier) {
     auto& Result = Item(Symbol).Ready();
     Result.Set(kFieldProductType, "3").Set(kFieldStrike, Strike).Set(kFieldCallPut, CallPut);
     return Multiplier == 0.0 ? Result : Result.Set(kFieldMultiplier, Multiplier);

@@ -88,8 +88,11 @@ void TFakeOrderActionManager::TakeAction(TObject*, TCustomClientOrder& Order, in
     if (OnTakeAction) OnTakeAction(Order);
 }
 
-TFakePosition& TFakePositionAdapter::Add(const Text& Account, const Text& Symbol, double Qty, double AvgPrice, TCustomSubItem* Item) {
-    auto& Position = FPositions.emplace_back(std::piecewise_construct, std::forward_as_tuple(Account), std::forward_as_tuple()).second;
+TFakePosition& TFakePositionAdapter::Add(const Text& Account, const Text& Symbol, double Qty, double AvgPrice,
+                                         TCustomSubItem* Item) {
+    auto& Position =
+        FPositions.emplace_back(std::piecewise_construct, std::forward_as_tuple(Account), std::forward_as_tuple())
+            .second;
     Position.Symbol = Symbol;
     Position.Qty = Qty;
     Position.AvgPrice = AvgPrice;

@@ -59,9 +59,9 @@ private:
 class TFakeOrderActionManager : public fw::TCustomOrderActionManager {
 public:
     explicit TFakeOrderActionManager(TJournal& Journal) : FJournal(Journal) {}
-    std::set<fw::Text> Refused;                                      // symbols that fail the check
+    std::set<fw::Text> Refused;  // symbols that fail the check
     std::vector<std::unique_ptr<fw::TCustomClientOrder>> Sent;
-    std::function<void(fw::TCustomClientOrder&)> OnTakeAction;       // may throw
+    std::function<void(fw::TCustomClientOrder&)> OnTakeAction;  // may throw
 
     bool CheckOrder(fw::TCustomClientOrder& Order, int Action, bool Flag) override;
     void TakeAction(fw::TObject* Owner, fw::TCustomClientOrder& Order, int Action, bool Flag) override;
@@ -90,7 +90,8 @@ public:
 class TFakePositionAdapter : public fw::TCustomPositionAdapter {
 public:
     explicit TFakePositionAdapter(TJournal& Journal) : FJournal(Journal) {}
-    TFakePosition& Add(const fw::Text& Account, const fw::Text& Symbol, double Qty, double AvgPrice, fw::TCustomSubItem* Item);
+    TFakePosition& Add(const fw::Text& Account, const fw::Text& Symbol, double Qty, double AvgPrice,
+                       fw::TCustomSubItem* Item);
     void GetPositionList(const fw::Text& Account, fw::TPositionDictionary& Positions) override;
 
 private:

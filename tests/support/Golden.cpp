@@ -23,10 +23,12 @@ testing::AssertionResult MatchesGolden(const Text& Name, const std::vector<Text>
     for (Text Approved; std::getline(File, Approved); ++Index) {
         const Text Seen = Index < Lines.size() ? Lines[Index] : "(end)";
         if (Seen != Approved || Index >= Lines.size())
-            return testing::AssertionFailure() << Name << ", line " << Index + 1 << "\n  approved: " << Approved << "\n  seen:     " << Seen;
+            return testing::AssertionFailure()
+                   << Name << ", line " << Index + 1 << "\n  approved: " << Approved << "\n  seen:     " << Seen;
     }
     if (Index < Lines.size())
-        return testing::AssertionFailure() << Name << ", line " << Index + 1 << "\n  approved: (end)\n  seen:     " << Lines[Index];
+        return testing::AssertionFailure()
+               << Name << ", line " << Index + 1 << "\n  approved: (end)\n  seen:     " << Lines[Index];
     return testing::AssertionSuccess();
 }
 
