@@ -37,7 +37,7 @@ bool TFocusBridge::StaysInForm(const QWidget* Now) const {
 }
 
 bool TFocusBridge::eventFilter(QObject* Watched, QEvent* Event) {
-    if (Event->type() == QEvent::FocusIn && FModel) {
+    if (Event->type() == QEvent::FocusIn && FModel && !FModel->HasFocus()) {
         fw::Dispatch("FocusIn", [this] { FModel->SetFocus(); });
     } else if (Event->type() == QEvent::FocusOut && FModel && FOnLeft) {
         const auto Reason = static_cast<QFocusEvent*>(Event)->reason();

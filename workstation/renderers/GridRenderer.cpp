@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/renderers/GridRenderer.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QPainter>
 
@@ -45,10 +45,9 @@ TGridRenderer::TGridRenderer(fw::TGridTableView& View, TRenderContext& Context, 
     PrepareHeader(*horizontalHeader(), View.Options.HeaderEndEllipsis);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { FUserResized |= !FLayingOut; });
     horizontalHeader()->viewport()->installEventFilter(this);
-    auto* Bridge = new TFocusBridge(View, *this, [this] {
+    FBridge = new TFocusBridge(View, *this, [this] {
         if (FView) FView->PostEditor();
     });
-    Bridge->Watch(*viewport());
     FMarkTimer.setInterval(kMarkInterval);
     connect(&FMarkTimer, &QTimer::timeout, this, [this] { LookAtMarks(); });
     FMarkTimer.start();
@@ -143,9 +142,7 @@ void TGridRenderer::FollowEditor() {
     if (!Editor) return;
     FEdited = Editor;
     FEditor = MakeCellEditor(*FView.Get(), FContext, viewport());
-    new TFocusBridge(*FView.Get(), *FEditor->FocusWidget(), [this] {
-        if (FView) FView->PostEditor();
-    });
+    FBridge->Watch(*FEditor->FocusWidget());
     FEditor->OnLeave = [this](ELeave Way) { Leave(Way); };
     FEditorLink = Editor->OnChanged.Connect([this] {
         if (FEditor) FEditor->Reload();
@@ -162,12 +159,16 @@ void TGridRenderer::DropEditor() {
     FEdited = nullptr;
     TCellEditorWidget* Gone = std::exchange(FEditor, nullptr);
     if (!Gone) return;
-    const bool HadFocus = Gone->FocusWidget()->hasFocus();
     Gone->OnLeave = nullptr;
+    if (Gone->FocusWidget()->hasFocus()) setFocus();  // before it hides, or the toolkit would hand the focus on
     Gone->Widget()->hide();
     Gone->Widget()->deleteLater();
-    if (HadFocus) setFocus();
     viewport()->update();
+}
+
+void TGridRenderer::focusInEvent(QFocusEvent* Event) {
+    QTableView::focusInEvent(Event);
+    if (FEditor) FEditor->FocusWidget()->setFocus(Event->reason());
 }
 
 void TGridRenderer::PlaceEditor() {

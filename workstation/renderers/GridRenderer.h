@@ -15,6 +15,8 @@
 
 namespace ws {
 
+class TFocusBridge;
+
 // An editable table. Cells come from the view, the view decides what is focused and edited; the toolkit's own editing
 // and selection are off.
 class TGridRenderer : public QTableView {
@@ -36,6 +38,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
     bool focusNextPrevChild(bool Next) override;
+    void focusInEvent(QFocusEvent* Event) override;
     void resizeEvent(QResizeEvent* Event) override;
     void updateGeometries() override;
     void scrollContentsBy(int Dx, int Dy) override;
@@ -60,6 +63,7 @@ private:
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;
     TGridModel* FModel;
+    TFocusBridge* FBridge = nullptr;  // child of this
     std::array<std::unique_ptr<TCellDelegate>, 4> FDelegates;  // by editor kind
     TCellEditorWidget* FEditor = nullptr;                      // its widget is a child of the viewport
     fw::TCellEditor* FEdited = nullptr;                        // whom FEditor shows; only compared

@@ -31,9 +31,10 @@ void DrawSign(QPainter& Painter, const QRect& Box, double Value, const QColor& C
     const double Up = Value > 0 ? -1.0 : 1.0;
     const QPointF Middle = QRectF(Box).center();
     const double Half = Box.width() / 2.0;
-    QPainterPath Path(Middle + QPointF(-Half, -Up * Half / 2));
-    Path.lineTo(Middle + QPointF(Half, -Up * Half / 2));
-    Path.lineTo(Middle + QPointF(0, Up * Half / 2));
+    const double Rise = Half * 0.85;
+    QPainterPath Path(Middle + QPointF(-Half, -Up * Rise));
+    Path.lineTo(Middle + QPointF(Half, -Up * Rise));
+    Path.lineTo(Middle + QPointF(0, Up * Rise));
     Path.closeSubpath();
     Painter.setRenderHint(QPainter::Antialiasing);
     Painter.fillPath(Path, Color);
