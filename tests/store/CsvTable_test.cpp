@@ -20,7 +20,9 @@ TRead Read(const std::string& Text) {
 }
 
 TEST(CsvTable, ReadsWhatSpreadsheetsWrite) {
-    const TRead R = Read("\xEF\xBB\xBF" "A,B\r\n1,\"x, \"\"y\"\"\"\r\n 2 ,\r\n");
+    const TRead R = Read(
+        "\xEF\xBB\xBF"
+        "A,B\r\n1,\"x, \"\"y\"\"\"\r\n 2 ,\r\n");
     EXPECT_TRUE(R.Problems.empty());
     EXPECT_EQ(R.Table.Header, (std::vector<std::string>{"A", "B"}));
     ASSERT_EQ(R.Table.Rows.size(), 2u);

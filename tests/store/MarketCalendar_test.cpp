@@ -11,7 +11,8 @@ TYearMonth Month(const char* Text) { return YearMonthFromText(Text).value(); }
 TEST(MarketCalendar, DatesAreReadInOneFormOnly) {
     EXPECT_EQ(TextFromDay(DayFromText("2026/12/30").value()), "2026/12/30");
     EXPECT_TRUE(DayFromText("2028/02/29"));
-    for (const char* Text : {"", "2026-12-30", "2026/2/3", "2027/02/29", "2026/13/01", "2026/12/30 ", "30/12/2026", "2026/1a/01"})
+    for (const char* Text :
+         {"", "2026-12-30", "2026/2/3", "2027/02/29", "2026/13/01", "2026/12/30 ", "30/12/2026", "2026/1a/01"})
         EXPECT_FALSE(DayFromText(Text)) << Text;
     EXPECT_FALSE(YearMonthFromText("2026-13"));
     EXPECT_FALSE(YearMonthFromText("2026/12"));

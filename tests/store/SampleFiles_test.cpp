@@ -23,7 +23,8 @@ TFiles SmallSample() {
         {"order-options.csv", "Exchange,Option\nE,Open\n"},
         {"price-steps.csv", "Code,Kind,From,Step\nT,1,0,1\n"},
         {"series.csv",
-         "Exchange,Code,NameEn,NameHant,NameHans,Currency,UnderlyingLast,Volatility,Decimals\nE,S,a,b,c,HKD,100,0.2,2\n"},
+         "Exchange,Code,NameEn,NameHant,NameHans,Currency,UnderlyingLast,Volatility,Decimals\nE,S,a,b,c,HKD,100,0.2,"
+         "2\n"},
         {"futures.csv",
          "Exchange,Series,Months,LotSize,PriceSteps,Multiplier,DisplayFactor,Attributes\nE,S,0 1,,T,50,,\n"},
         {"ladders.csv",
@@ -35,7 +36,8 @@ TFiles SmallSample() {
         {"quotes.csv", "Symbol,Bid,Ask,Last,PreviousSettlement,Silent,DelaySeconds\nSZ6,1,2,,1.5,0,3\n"},
         {"accounts.csv", "Code,Name\nA1,Account\n"},
         {"users.csv",
-         "Code,Name,UserType,AccountSelectable,Accounts,DefaultAccount,Rights,Functions\nu,n,2,1,A1,A1,OEPrin,PayOff\n"},
+         "Code,Name,UserType,AccountSelectable,Accounts,DefaultAccount,Rights,Functions\nu,n,2,1,A1,A1,OEPrin,"
+         "PayOff\n"},
         {"positions.csv", "Account,Symbol,Qty,AvgPrice\nA1,SZ6,-2,99.5\n"},
     };
 }

@@ -192,7 +192,8 @@ TEST(SampleMarket, HasAMonthWithFuturesOnlyAndAMonthWithOneStrike) {
     for (const auto& [Series, Codes] : Months(Base())) {
         for (const auto& [Code, Month] : Codes) {
             if (Series.first != "HKFE") continue;
-            const bool HasOptionsElsewhere = std::any_of(Codes.begin(), Codes.end(), [](const auto& E) { return E.second.Options > 0; });
+            const bool HasOptionsElsewhere =
+                std::any_of(Codes.begin(), Codes.end(), [](const auto& E) { return E.second.Options > 0; });
             if (Month.Futures == 1 && Month.Options == 0 && HasOptionsElsewhere) ++FuturesOnly;
             if (Month.Strikes.size() == 1) ++OneStrike;
         }
@@ -215,8 +216,10 @@ TEST(SampleMarket, PriceStepsHaveBands) {
     std::map<std::string, int> Bands;
     bool OtherKind = false;
     for (const auto& Row : Base().Market.SpreadBands) {
-        if (Row.Kind == 1) ++Bands[Row.Code];
-        else OtherKind = true;
+        if (Row.Kind == 1)
+            ++Bands[Row.Code];
+        else
+            OtherKind = true;
     }
     EXPECT_TRUE(OtherKind);
     EXPECT_GE(std::count_if(Bands.begin(), Bands.end(), [](const auto& E) { return E.second >= 3; }), 2);
@@ -226,9 +229,9 @@ TEST(SampleMarket, PriceStepsHaveBands) {
 // A price of the grid must be one that the series' decimals can show.
 TEST(SampleMarket, DecimalsShowEveryPriceStep) {
     for (const auto& P : Base().Market.Products) {
-        const auto& Series = *std::find_if(Base().Market.Series.begin(), Base().Market.Series.end(), [&](const auto& S) {
-            return S.Exchange == P.Exchange && S.Code == P.Series;
-        });
+        const auto& Series =
+            *std::find_if(Base().Market.Series.begin(), Base().Market.Series.end(),
+                          [&](const auto& S) { return S.Exchange == P.Exchange && S.Code == P.Series; });
         double Scale = 1;
         for (int i = 0; i < Series.Decimals; ++i) Scale *= 10;
         for (const auto& Band : Base().Market.SpreadBands)
@@ -291,7 +294,8 @@ TEST(SampleMarket, PositionsAreLongAndShortInOptionsAndFuturesOfSeveralAccounts)
     for (const auto& Row : Base().Trading.Positions) {
         const TProductRow* P = Find(Base(), Row.Symbol);
         ASSERT_NE(P, nullptr) << Row.Symbol;
-        Kinds[Row.Account].insert((P->ProductType == 2 ? "future " : "option ") + std::string(Row.Qty > 0 ? "long" : "short"));
+        Kinds[Row.Account].insert((P->ProductType == 2 ? "future " : "option ") +
+                                  std::string(Row.Qty > 0 ? "long" : "short"));
     }
     EXPECT_EQ(Kinds.at("A100").size(), 4u);
     EXPECT_EQ(Kinds.at("A200").size(), 4u);
@@ -309,7 +313,9 @@ TEST(SampleMarket, MovedByAnyNumberOfMonthsItStaysOneMarket) {
             const TProductRow& B = Base().Market.Products[i];
             EXPECT_TRUE(Symbols.insert(P.Symbol).second) << P.Symbol;
             EXPECT_EQ(P.StrikePrice + P.CallPutCode + P.Series, B.StrikePrice + B.CallPutCode + B.Series);
-            const auto MonthOf = [](const std::string& Day) { return std::stoi(Day.substr(0, 4)) * 12 + std::stoi(Day.substr(5, 2)); };
+            const auto MonthOf = [](const std::string& Day) {
+                return std::stoi(Day.substr(0, 4)) * 12 + std::stoi(Day.substr(5, 2));
+            };
             EXPECT_EQ(MonthOf(P.ExpiryDate) - MonthOf(B.ExpiryDate), Shift) << P.Symbol;
             EXPECT_TRUE(DayFromText(P.ExpiryDate)) << P.Symbol;
             if (P.Exchange == "HKFE" && P.ProductType == 2) {
@@ -326,7 +332,8 @@ TEST(SampleMarket, MovedByAnyNumberOfMonthsItStaysOneMarket) {
         EXPECT_EQ(Shipped().FirstExpiry(Shift).substr(0, 7), TextFromYearMonth(First).replace(4, 1, "/"));
         for (const auto& Row : Set.Trading.Positions) EXPECT_TRUE(Symbols.contains(Row.Symbol)) << Row.Symbol;
         for (const auto& Row : Set.Market.Quotes) EXPECT_TRUE(Symbols.contains(Row.Symbol)) << Row.Symbol;
-        for (const auto& P : Set.Market.Products) EXPECT_TRUE(P.RelatedSymbol.empty() || Symbols.contains(P.RelatedSymbol));
+        for (const auto& P : Set.Market.Products)
+            EXPECT_TRUE(P.RelatedSymbol.empty() || Symbols.contains(P.RelatedSymbol));
     }
 }
 

@@ -129,8 +129,8 @@ TEST(SampleStore, PositionsAndQuotesFollowTheirContract) {
         return 0.0;
     };
     EXPECT_EQ(Store->ReadMeta(kMetaSampleMonths), "2");
-    EXPECT_EQ(Of("HSIG7"), 7);    // was HSIZ6
-    EXPECT_EQ(Of("HSIH7"), -1);   // was HSIF7
+    EXPECT_EQ(Of("HSIG7"), 7);   // was HSIZ6
+    EXPECT_EQ(Of("HSIH7"), -1);  // was HSIF7
     EXPECT_EQ(Of("HSI27000B7"), -3);
     std::map<std::string, TQuoteRow> Quotes;
     for (const auto& Row : Store->LoadMarket().Quotes) Quotes[Row.Symbol] = Row;
@@ -265,6 +265,36 @@ TEST(SampleStore, BadLinesAreToldAndTheRestIsUsed) {
     ASSERT_EQ(Outcome.Notices.size(), 1u);
     EXPECT_EQ(Outcome.Notices[0].Key, "Res_LineNotNumber");
     EXPECT_EQ(Outcome.Notices[0].Args, (std::vector<std::string>{"positions.csv", "3", "Qty", "two"}));
+}
+
+TEST(SampleStore, ResetFollowsEditedFiles) {
+    const auto Store = Filled("2026/11/21");
+    TEditedSample Edited;
+    Edited.Replace("price-steps.csv", "CENTOPT,1,3,0.05\n", "");
+    Edited.Replace("series.csv", "HSI,Hang Seng Index", "HSI,An edited name");
+    Edited.Replace("contracts.csv", "XRUN,RNB,3,0,,00128,8.50,7,500,STOCKOPT,500,,\n", "");
+    EXPECT_TRUE(ResetSampleMarket(*Store, Edited.Path(), "2026/11/21").Notices.empty());
+    const TMarketSet M = Store->LoadMarket();
+    EXPECT_EQ(
+        std::count_if(M.SpreadBands.begin(), M.SpreadBands.end(), [](const auto& B) { return B.Code == "CENTOPT"; }),
+        2);
+    EXPECT_EQ(M.Series.front().NameEn, "An edited name");
+    EXPECT_FALSE(Store->FindProduct("00128"));
+}
+
+// Two starts at the same moment: the second finds the work done and does not move the sample again.
+TEST(SampleStore, TwoWorkstationsMoveTheSampleOnce) {
+    const TTempFolder Folder;
+    const auto A = TStore::OpenFile(Folder / "store.db", kNow);
+    const auto B = TStore::OpenFile(Folder / "store.db", kNow);
+    EXPECT_TRUE(PrepareSampleMarket(*A.Store, kSample, "2026/11/21").Created);
+    EXPECT_FALSE(PrepareSampleMarket(*B.Store, kSample, "2026/11/21").Created);
+    EXPECT_EQ(PrepareSampleMarket(*B.Store, kSample, "2026/12/12").MonthsRolled, 1);
+    EXPECT_EQ(PrepareSampleMarket(*A.Store, kSample, "2026/12/12").MonthsRolled, 0);
+    EXPECT_EQ(Dump(*A.Store), Dump(*Filled("2026/12/12")));
+    const auto Other = TStore::OpenFile(Folder / "store.db", kNow);
+    TStoreTransaction Write(*Other.Store);
+    EXPECT_EQ(ErrorKeyOf([&] { PrepareSampleMarket(*A.Store, kSample, "2027/12/12"); }), kStoreLocked);
 }
 
 TEST(SampleStore, PositionsInContractsThatTheFilesDroppedAreTold) {

@@ -47,7 +47,9 @@ TEST(StoreOpen, FileIsKeptWithLogFullSyncAndVersion) {
     EXPECT_EQ(Db.execAndGet("PRAGMA journal_mode").getString(), "wal");
     EXPECT_EQ(Db.execAndGet("PRAGMA user_version").getInt(), kSchemaVersion);
     EXPECT_EQ(Db.execAndGet("PRAGMA application_id").getInt(), kApplicationId);
-    EXPECT_EQ(Db.execAndGet("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND sql NOT LIKE '%STRICT%'").getInt(), 0);
+    EXPECT_EQ(
+        Db.execAndGet("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND sql NOT LIKE '%STRICT%'").getInt(),
+        0);
 }
 
 TEST(StoreOpen, TwoWorkstationsMayShareTheFile) {
@@ -151,7 +153,12 @@ TEST(StoreOpen, DamagedFileIsSetAsideUnchangedAndAFreshOneStarts) {
         {"words instead of a database", [](const fs::path& File) { WriteFile(File, "hello, I am not a database\n"); }},
         {"long junk", [](const fs::path& File) { WriteFile(File, std::string(20000, 'x')); }},
         {"one byte", [](const fs::path& File) { WriteFile(File, "S"); }},
-        {"damaged header", [](const fs::path& File) { auto T = ReadFile(File); T[3] = '?'; WriteFile(File, T); }},
+        {"damaged header",
+         [](const fs::path& File) {
+             auto T = ReadFile(File);
+             T[3] = '?';
+             WriteFile(File, T);
+         }},
         {"overwritten pages", OverwriteLaterPages},
         {"cut short", [](const fs::path& File) { fs::resize_file(File, 6000); }},
     };
@@ -259,8 +266,10 @@ TEST(StoreCopy, DamagedFileGivesAnEmptyCopyANoticeAndStaysWhereItIs) {
         SCOPED_TRACE(Why);
         const fs::path File = Folder / (std::string(Why) + ".db");
         MakeStore(File);
-        if (std::string(Why) == "junk") WriteFile(File, std::string(5000, 'j'));
-        else OverwriteLaterPages(File);
+        if (std::string(Why) == "junk")
+            WriteFile(File, std::string(5000, 'j'));
+        else
+            OverwriteLaterPages(File);
         const auto Before = Folder.Content();
         const auto Copy = TStore::InMemoryCopyOf(File);
         ASSERT_EQ(Copy.Notices.size(), 1u);
@@ -286,7 +295,8 @@ std::string AsStranger(const fs::path& Folder, const std::function<std::string()
     close(Pipe[1]);
     std::string Answer;
     char Buffer[256];
-    for (ssize_t Size; (Size = read(Pipe[0], Buffer, sizeof Buffer)) > 0;) Answer.append(Buffer, static_cast<std::size_t>(Size));
+    for (ssize_t Size; (Size = read(Pipe[0], Buffer, sizeof Buffer)) > 0;)
+        Answer.append(Buffer, static_cast<std::size_t>(Size));
     close(Pipe[0]);
     waitpid(Child, nullptr, 0);
     return Answer.empty() ? "(nothing)" : Answer;
@@ -380,8 +390,10 @@ TEST(StorePath, FollowsTheDataFolderOfTheDesktop) {
         setenv("XDG_DATA_HOME", Data, 1);
         setenv("HOME", Home, 1);
         const std::string Path = DefaultStorePath().string();
-        if (OldData.empty()) unsetenv("XDG_DATA_HOME");
-        else setenv("XDG_DATA_HOME", OldData.c_str(), 1);
+        if (OldData.empty())
+            unsetenv("XDG_DATA_HOME");
+        else
+            setenv("XDG_DATA_HOME", OldData.c_str(), 1);
         setenv("HOME", OldHome.c_str(), 1);
         return Path;
     };

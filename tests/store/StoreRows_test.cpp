@@ -12,8 +12,13 @@ TExchangeRow AnExchange() { return {"HKFE", "Futures", "期貨", "期货", false
 TCurrencyRow ACurrency() { return {"HKD", "dollar", "港元", "港币"}; }
 TSeriesRow ASeries() { return {"HKFE", "HSI", "Index", "指數", "指数", "HKD", 26480.5, 0.25, 4, true, 7}; }
 TProductRow AProduct() {
-    return {"HSI27000L6", "HKFE", "HSI", 3, "2026/12/30", "27000", "C", "100", "INDEX", "HSIZ6", "HKD", 50.0, 100.0,
-            {{"WeeklyOptionExp", "W1"}, {"ShortCode", "00005"}}};
+    return {"HSI27000L6", "HKFE",
+            "HSI",        3,
+            "2026/12/30", "27000",
+            "C",          "100",
+            "INDEX",      "HSIZ6",
+            "HKD",        50.0,
+            100.0,        {{"WeeklyOptionExp", "W1"}, {"ShortCode", "00005"}}};
 }
 TQuoteRow AQuote() { return {"HSI27000L6", 1.25, 1.5, 1.375, 1.0, "2026/11/20 16:30:00", true, 4}; }
 TUserRow AUser() {
@@ -65,8 +70,9 @@ TEST(StoreRows, ExchangeCurrencyAndSeriesComeBackWhole) {
     EXPECT_EQ(M.Currencies[0].Code + M.Currencies[0].NameEn + M.Currencies[0].NameHant + M.Currencies[0].NameHans,
               "HKDdollar港元港币");
     ASSERT_EQ(M.Series.size(), 1u);
-    EXPECT_EQ(M.Series[0].Exchange + M.Series[0].Code + M.Series[0].NameEn + M.Series[0].NameHant + M.Series[0].NameHans,
-              "HKFEHSIIndex指數指数");
+    EXPECT_EQ(
+        M.Series[0].Exchange + M.Series[0].Code + M.Series[0].NameEn + M.Series[0].NameHant + M.Series[0].NameHans,
+        "HKFEHSIIndex指數指数");
     EXPECT_EQ(M.Series[0].Currency, "HKD");
     EXPECT_EQ(M.Series[0].UnderlyingLast, 26480.5);
     EXPECT_EQ(M.Series[0].Volatility, 0.25);
@@ -95,7 +101,12 @@ TEST(StoreRows, ProductsAndQuotesComeBackWhole) {
 
 TEST(StoreRows, BandsAndOrderOptionsComeBackInOrder) {
     const auto Store = TStore::CreateInMemory();
-    Store->ReplaceMarket({{}, {}, {}, {}, {}, {{"B", 1, 10, 0.5}, {"B", 1, 0.25, 0.125}, {"A", 2, -5, 1}},
+    Store->ReplaceMarket({{},
+                          {},
+                          {},
+                          {},
+                          {},
+                          {{"B", 1, 10, 0.5}, {"B", 1, 0.25, 0.125}, {"A", 2, -5, 1}},
                           {{"X", "Open", 1}, {"X", "Close", 0}}});
     const TMarketSet M = Store->LoadMarket();
     ASSERT_EQ(M.SpreadBands.size(), 3u);
@@ -112,7 +123,8 @@ TEST(StoreRows, BandsAndOrderOptionsComeBackInOrder) {
 
 TEST(StoreRows, UsersAccountsAndPositionsComeBackWhole) {
     const auto Store = TStore::CreateInMemory();
-    Store->ReplaceTrading({{AUser()}, {{"Z9", "first"}, {"A1", "second"}}, {{"Z9", "B", -2, 1.5}, {"A1", "A", 3, 0.1}}});
+    Store->ReplaceTrading(
+        {{AUser()}, {{"Z9", "first"}, {"A1", "second"}}, {{"Z9", "B", -2, 1.5}, {"A1", "A", 3, 0.1}}});
     const TTradingSet T = Store->LoadTrading();
     ASSERT_EQ(T.Users.size(), 1u);
     EXPECT_EQ(T.Users[0].Code, "trader");

@@ -49,7 +49,9 @@ private:
             FTable.HeaderLine = FStart;
             FTable.Header = std::move(Cells);
         } else if (Cells.size() != FTable.Header.size()) {
-            FProblems.push_back({FTable.File, FStart, kLineCellCount,
+            FProblems.push_back({FTable.File,
+                                 FStart,
+                                 kLineCellCount,
                                  {std::to_string(Cells.size()), std::to_string(FTable.Header.size())}});
         } else {
             FTable.Rows.push_back({FStart, std::move(Cells)});

@@ -12,9 +12,9 @@ namespace ws {
 
 // What is wrong with a line, for the user: a resource key and its arguments.
 struct TLineProblem {
-    std::string File;  // name without folder
-    int Line = 0;      // counted from 1; 0 = the file as a whole
-    std::string Key;   // the reason, "Res_..."; its text begins with %1 file and %2 line
+    std::string File;               // name without folder
+    int Line = 0;                   // counted from 1; 0 = the file as a whole
+    std::string Key;                // the reason, "Res_..."; its text begins with %1 file and %2 line
     std::vector<std::string> Args;  // from %3 on
 };
 
@@ -34,8 +34,8 @@ struct TCsvTable {
 // or too many cells is reported and left out; text after a broken quote is reported and not read.
 TCsvTable ReadCsv(const std::filesystem::path& Path, std::vector<TLineProblem>& Problems);
 
-inline constexpr char kLineNoFile[] = "Res_LineNoFile";          // the file is missing or cannot be read
-inline constexpr char kLineCellCount[] = "Res_LineCellCount";    // cells, expected cells
+inline constexpr char kLineNoFile[] = "Res_LineNoFile";        // the file is missing or cannot be read
+inline constexpr char kLineCellCount[] = "Res_LineCellCount";  // cells, expected cells
 inline constexpr char kLineBrokenQuote[] = "Res_LineBrokenQuote";
 
 }  // namespace ws

@@ -42,7 +42,7 @@ private:
 enum class EExpiryRule {
     BeforeLastBusinessDay,  // the business day before the month's last business day
     LastBusinessDay,
-    ThirdFriday,            // or the business day before it
+    ThirdFriday,  // or the business day before it
 };
 std::optional<EExpiryRule> ExpiryRuleFromText(const std::string& Text);
 

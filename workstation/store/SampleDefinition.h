@@ -25,9 +25,9 @@ struct TContractRule {
 // One line of futures.csv, ladders.csv or contracts.csv: every combination of Months, Strikes and CallPutCodes is
 // a contract; futures have one empty strike and one empty code.
 struct TContractLine {
-    TProductRow Common;                     // what all contracts of the line share; symbol and expiry are empty
-    std::vector<int> Months;                // offsets from the base month
-    int Week = 0;                           // 1-4, or 0 for a monthly contract
+    TProductRow Common;       // what all contracts of the line share; symbol and expiry are empty
+    std::vector<int> Months;  // offsets from the base month
+    int Week = 0;             // 1-4, or 0 for a monthly contract
     std::string SymbolPattern;
     std::vector<std::string> Strikes{""};
     std::vector<std::string> CallPutCodes{""};
@@ -36,11 +36,11 @@ struct TContractLine {
 struct TSampleDefinition {
     std::string Version;
     TYearMonth Base{};
-    TMarketSet Market;                            // everything but products; quotes name base symbols
-    TTradingSet Trading;                          // positions name base symbols
-    std::map<std::string, TContractRule> Rules;   // by exchange
+    TMarketSet Market;                           // everything but products; quotes name base symbols
+    TTradingSet Trading;                         // positions name base symbols
+    std::map<std::string, TContractRule> Rules;  // by exchange
     THolidays Holidays;
-    std::vector<TContractLine> Contracts;         // in listing order
+    std::vector<TContractLine> Contracts;  // in listing order
 
     const TSeriesRow* FindSeries(const std::string& Exchange, const std::string& Code) const;
     TDay Expiry(const TContractLine& Line, TYearMonth Month) const;

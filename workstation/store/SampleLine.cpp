@@ -50,8 +50,10 @@ std::optional<double> TSampleLine::OptionalNumber(const char* Column, double Low
     const std::string Cell = Text(Column);
     if (Cell.empty()) return std::nullopt;
     const auto Value = NumberFromText(Cell);
-    if (!Value) Fail(kLineNotNumber, {Column, Cell});
-    else if (*Value < Low || *Value > High) Fail(kLineOutOfRange, {Column, Cell});
+    if (!Value)
+        Fail(kLineNotNumber, {Column, Cell});
+    else if (*Value < Low || *Value > High)
+        Fail(kLineOutOfRange, {Column, Cell});
     return Value;
 }
 
@@ -64,8 +66,10 @@ int TSampleLine::OptionalWhole(const char* Column, int Default, int Low, int Hig
     const std::string Cell = Text(Column);
     if (Cell.empty()) return Default;
     const auto Value = WholeFromText(Cell);
-    if (!Value) Fail(kLineNotNumber, {Column, Cell});
-    else if (*Value < Low || *Value > High) Fail(kLineOutOfRange, {Column, Cell});
+    if (!Value)
+        Fail(kLineNotNumber, {Column, Cell});
+    else if (*Value < Low || *Value > High)
+        Fail(kLineOutOfRange, {Column, Cell});
     return Value.value_or(Default);
 }
 
@@ -86,8 +90,10 @@ std::vector<int> TSampleLine::WholeList(const char* Column, int Low, int High) {
     std::vector<int> Values;
     for (const auto& Part : List(Column)) {
         const auto Value = WholeFromText(Part);
-        if (!Value) Fail(kLineNotNumber, {Column, Part});
-        else if (*Value < Low || *Value > High) Fail(kLineOutOfRange, {Column, Part});
+        if (!Value)
+            Fail(kLineNotNumber, {Column, Part});
+        else if (*Value < Low || *Value > High)
+            Fail(kLineOutOfRange, {Column, Part});
         Values.push_back(Value.value_or(Low));
     }
     if (Values.empty()) Fail(kLineEmpty, {Column});

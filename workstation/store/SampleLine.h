@@ -38,7 +38,7 @@ public:
     std::optional<double> OptionalNumber(const char* Column, double Low, double High);
     int Whole(const char* Column, int Low, int High);
     int OptionalWhole(const char* Column, int Default, int Low, int High);
-    bool Flag(const char* Column, bool Default);  // "1"/"0", empty = Default
+    bool Flag(const char* Column, bool Default);                              // "1"/"0", empty = Default
     std::vector<std::string> List(const char* Column, char Separator = ' ');  // without empty parts
     std::vector<int> WholeList(const char* Column, int Low, int High);        // at least one
 

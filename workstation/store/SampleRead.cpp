@@ -62,7 +62,8 @@ private:
     void ReadContractCells(TSampleLine& Line, TContractLine& Contract);
     void ReadStrikes(TSampleLine& Line, TContractLine& Contract);
     void AddContracts(TSampleLine& Line, TContractLine Contract);
-    std::string Known(TSampleLine& Line, const char* Column, const std::set<std::string>& Codes, bool MayBeEmpty = false);
+    std::string Known(TSampleLine& Line, const char* Column, const std::set<std::string>& Codes,
+                      bool MayBeEmpty = false);
     bool First(TSampleLine& Line, std::set<std::string>& Seen, const std::string& What);
 
     // Every row of a file, as a TSampleLine.
@@ -79,8 +80,8 @@ private:
     TSampleDefinition& FSample;
     std::vector<TLineProblem>& FProblems;
     std::set<std::string> FCurrencies, FExchanges, FStepCodes, FAccounts, FUsers;
-    std::set<std::string> FSymbols;      // of the base month
-    std::set<std::string> FTypedCodes;   // what a user may type for a contract: symbols and short codes
+    std::set<std::string> FSymbols;     // of the base month
+    std::set<std::string> FTypedCodes;  // what a user may type for a contract: symbols and short codes
 };
 
 std::string TSampleReader::Known(TSampleLine& Line, const char* Column, const std::set<std::string>& Codes,
@@ -177,8 +178,9 @@ void TSampleReader::ReadPriceSteps() {
         FStepCodes.insert(Row.Code);
         FSample.Market.SpreadBands.push_back(std::move(Row));
     });
-    std::stable_sort(FSample.Market.SpreadBands.begin(), FSample.Market.SpreadBands.end(),
-                     [](const auto& A, const auto& B) { return std::tie(A.Code, A.Lower) < std::tie(B.Code, B.Lower); });
+    std::stable_sort(
+        FSample.Market.SpreadBands.begin(), FSample.Market.SpreadBands.end(),
+        [](const auto& A, const auto& B) { return std::tie(A.Code, A.Lower) < std::tie(B.Code, B.Lower); });
 }
 
 void TSampleReader::ReadSeries() {
@@ -208,8 +210,10 @@ void TSampleReader::ReadContractCells(TSampleLine& Line, TContractLine& Contract
     P.Exchange = Known(Line, "Exchange", FExchanges);
     P.Series = Line.Required("Series");
     const TSeriesRow* Series = FSample.FindSeries(P.Exchange, P.Series);
-    if (!Series) Line.Fail(kLineUnknownCode, {"Series", P.Series});
-    else P.Currency = Series->Currency;
+    if (!Series)
+        Line.Fail(kLineUnknownCode, {"Series", P.Series});
+    else
+        P.Currency = Series->Currency;
     Contract.Months = Line.WholeList("Months", 0, kFarthestMonth);
     P.LotSize = Line.Text("LotSize");
     Line.OptionalNumber("LotSize", 1e-9, kHuge);
@@ -218,8 +222,10 @@ void TSampleReader::ReadContractCells(TSampleLine& Line, TContractLine& Contract
     P.DisplayFactor = Line.OptionalNumber("DisplayFactor", 1e-9, kHuge);
     for (const auto& Pair : Line.List("Attributes", ';')) {
         const std::size_t Equal = Pair.find('=');
-        if (Equal == 0 || Equal == std::string::npos) Line.Fail(kLineBadText, {"Attributes", Pair});
-        else P.Attributes[Pair.substr(0, Equal)] = Pair.substr(Equal + 1);
+        if (Equal == 0 || Equal == std::string::npos)
+            Line.Fail(kLineBadText, {"Attributes", Pair});
+        else
+            P.Attributes[Pair.substr(0, Equal)] = Pair.substr(Equal + 1);
     }
     if (Contract.Week > 0) P.Attributes[kWeekly] = "W" + std::to_string(Contract.Week);
 }
@@ -368,7 +374,8 @@ void TSampleReader::ReadUsers() {
              Row.Functions = Line.List("Functions");
              for (const auto& Account : Row.Accounts)
                  if (!FAccounts.contains(Account)) Line.Fail(kLineUnknownCode, {"Accounts", Account});
-             if (!Row.DefaultAccount.empty() && std::count(Row.Accounts.begin(), Row.Accounts.end(), Row.DefaultAccount) == 0)
+             if (!Row.DefaultAccount.empty() &&
+                 std::count(Row.Accounts.begin(), Row.Accounts.end(), Row.DefaultAccount) == 0)
                  Line.Fail(kLineUnknownCode, {"DefaultAccount", Row.DefaultAccount});
              if (!First(Line, FUsers, Row.Code)) return;
              Row.SortIndex = static_cast<int>(FSample.Trading.Users.size());

@@ -58,6 +58,7 @@ void PutSample(TStoreTransaction& Write, TSampleSet Set, const std::set<std::str
     // An exchange that both the sample and an import know stays as imported: its market day belongs to its quotes.
     std::erase_if(Set.Market.Exchanges, [&](const TExchangeRow& Row) { return Imported.contains(Row.Code); });
     PutSampleProducts(Write, std::exchange(Set.Market.Products, {}), Set.BaseSymbols);
+    for (const auto& Band : Set.Market.SpreadBands) Write.RemoveSpreadTable(Band.Code);  // bands an edit took out
     Write.PutMarket(Set.Market);
     Write.PutTrading(Set.Trading);
 }
@@ -72,7 +73,8 @@ struct TFollowers {
     std::vector<TQuoteRow> Quotes;
 };
 
-TFollowers TakeFollowers(TStoreTransaction& Write, const TStore& Store, const std::map<std::string, std::string>& Base) {
+TFollowers TakeFollowers(TStoreTransaction& Write, const TStore& Store,
+                         const std::map<std::string, std::string>& Base) {
     TFollowers Taken;
     for (auto& Row : Store.LoadTrading().Positions)
         if (Base.contains(Row.Symbol)) Taken.Positions.push_back(Row);
@@ -83,7 +85,8 @@ TFollowers TakeFollowers(TStoreTransaction& Write, const TStore& Store, const st
     return Taken;
 }
 
-void MoveSample(TStore& Store, const TSampleMarket& Sample, int From, int To, TSampleOutcome& Outcome) {
+void MoveSample(TStoreTransaction& Write, const TStore& Store, const TSampleMarket& Sample, int From, int To,
+                TSampleOutcome& Outcome) {
     std::map<std::string, std::string> Base;  // old symbol -> base symbol
     for (const auto& [BaseSymbol, Symbol] : Store.SampleSymbols()) Base[Symbol] = BaseSymbol;
     const TSampleSet Set = Sample.Expand(To);
@@ -92,7 +95,6 @@ void MoveSample(TStore& Store, const TSampleMarket& Sample, int From, int To, TS
     for (const auto& [Old, BaseSymbol] : Base)
         if (const auto It = Now.find(BaseSymbol); It != Now.end()) Outcome.SymbolMap[Old] = It->second;
 
-    TStoreTransaction Write(Store);
     TFollowers Taken = TakeFollowers(Write, Store, Base);
     Write.RemoveSampleSymbols();
     PutSampleProducts(Write, Set.Market.Products, Set.BaseSymbols);
@@ -113,47 +115,51 @@ void MoveSample(TStore& Store, const TSampleMarket& Sample, int From, int To, TS
         Write.Put(Row);
     }
     PutSampleMeta(Write, Sample, To);
-    Write.Commit();
     Outcome.MonthsRolled = To - From;
     Outcome.Notices.push_back({kSampleRolled, {std::to_string(To - From), Sample.FirstExpiry(To)}});
 }
 
-void CreateSample(TStore& Store, const TSampleMarket& Sample, const std::string& Today, TSampleOutcome& Outcome) {
+void CreateSample(TStoreTransaction& Write, const TStore& Store, const TSampleMarket& Sample, const std::string& Today,
+                  TSampleOutcome& Outcome) {
     const int Months = Sample.MonthsFor(Today);
     const std::set<std::string> Imported = ImportedExchanges(Store.LoadMarket());
     std::vector<TPositionRow> Kept;
     for (const auto& Row : Store.LoadTrading().Positions)
         if (const auto Product = Store.FindProduct(Row.Symbol); Product && Imported.contains(Product->Exchange))
             Kept.push_back(Row);
-
-    TStoreTransaction Write(Store);
     RemoveSample(Write, Store);
     PutSample(Write, Sample.Expand(Months), Imported);
     for (const auto& Row : Kept) Write.Put(Row);
     PutSampleMeta(Write, Sample, Months);
-    Write.Commit();
     Outcome.Created = true;
     Outcome.MonthsRolled = Months;
     if (Months > 0) Outcome.Notices.push_back({kSampleRolled, {std::to_string(Months), Sample.FirstExpiry(Months)}});
+}
+
+bool IsUpToDate(const TStore& Store, const std::string& Today) {
+    return Store.ReadMeta(kMetaSampleMonths) && Store.ReadMeta(kMetaSampleFirstExpiry).value_or("") >= Today;
 }
 
 }  // namespace
 
 TSampleOutcome PrepareSampleMarket(TStore& Store, const std::filesystem::path& Folder, const std::string& Today) {
     TSampleOutcome Outcome;
-    const bool Has = Store.ReadMeta(kMetaSampleMonths).has_value();
     // An unaged sample needs no look at the files: a start after the first touches the database alone.
-    if (Has && Store.ReadMeta(kMetaSampleFirstExpiry).value_or("") >= Today) return Outcome;
+    if (IsUpToDate(Store, Today)) return Outcome;
     const TSampleMarket Sample(Folder);
     TellProblems(Sample, Folder, Outcome);
     if (Sample.Empty()) return Outcome;
-    if (!Has) {
-        CreateSample(Store, Sample, Today, Outcome);
-        return Outcome;
+    TStoreTransaction Write(Store);
+    if (IsUpToDate(Store, Today)) return Outcome;  // another workstation was faster
+    if (!Store.ReadMeta(kMetaSampleMonths)) {
+        CreateSample(Write, Store, Sample, Today, Outcome);
+    } else {
+        const int From = StoredMonths(Store);
+        const int To = Sample.MonthsFor(Today, From);
+        if (To == From) return Outcome;
+        MoveSample(Write, Store, Sample, From, To, Outcome);
     }
-    const int From = StoredMonths(Store);
-    const int To = Sample.MonthsFor(Today, From);
-    if (To != From) MoveSample(Store, Sample, From, To, Outcome);
+    Write.Commit();
     return Outcome;
 }
 
@@ -161,7 +167,10 @@ TSampleOutcome ResetSampleMarket(TStore& Store, const std::filesystem::path& Fol
     TSampleOutcome Outcome;
     const TSampleMarket Sample(Folder);
     TellProblems(Sample, Folder, Outcome);
-    if (!Sample.Empty()) CreateSample(Store, Sample, Today, Outcome);
+    if (Sample.Empty()) return Outcome;
+    TStoreTransaction Write(Store);
+    CreateSample(Write, Store, Sample, Today, Outcome);
+    Write.Commit();
     return Outcome;
 }
 

@@ -62,7 +62,7 @@ public:
     void ReplaceTrading(const TTradingSet& Trading);
 
     std::vector<TPositionRow> LoadPositions(const std::string& Account) const;
-    std::set<std::string> HeldSymbols() const;                          // with a position in any account
+    std::set<std::string> HeldSymbols() const;  // with a position in any account
     std::optional<TProductRow> FindProduct(const std::string& Symbol) const;
 
     std::optional<std::string> ReadSetting(const std::string& Section, const std::string& Key) const;

@@ -32,15 +32,15 @@ private:
     std::string FWhat;
 };
 
-inline constexpr char kStoreLocked[] = "Res_StoreLocked";              // another program holds the file
-inline constexpr char kStoreReadOnly[] = "Res_StoreReadOnly";          // file or folder cannot be written
-inline constexpr char kStoreNewer[] = "Res_StoreNewer";                // %2 its schema, %3 ours
-inline constexpr char kStoreForeign[] = "Res_StoreForeign";            // a database, but not a store
-inline constexpr char kStoreCannotOpen[] = "Res_StoreCannotOpen";      // %2 the system's reason
-inline constexpr char kStoreDamaged[] = "Res_StoreDamaged";            // found damaged and still where it was
+inline constexpr char kStoreLocked[] = "Res_StoreLocked";          // another program holds the file
+inline constexpr char kStoreReadOnly[] = "Res_StoreReadOnly";      // file or folder cannot be written
+inline constexpr char kStoreNewer[] = "Res_StoreNewer";            // %2 its schema, %3 ours
+inline constexpr char kStoreForeign[] = "Res_StoreForeign";        // a database, but not a store
+inline constexpr char kStoreCannotOpen[] = "Res_StoreCannotOpen";  // %2 the system's reason
+inline constexpr char kStoreDamaged[] = "Res_StoreDamaged";        // found damaged and still where it was
 inline constexpr char kStoreDiskFull[] = "Res_StoreDiskFull";
-inline constexpr char kStoreFailed[] = "Res_StoreFailed";              // %2 the database's reason
-inline constexpr char kStoreSetAside[] = "Res_StoreSetAside";          // notice: %2 where the damaged file went
-inline constexpr char kStoreCopyDamaged[] = "Res_StoreCopyDamaged";    // notice: the copy in memory starts empty
+inline constexpr char kStoreFailed[] = "Res_StoreFailed";            // %2 the database's reason
+inline constexpr char kStoreSetAside[] = "Res_StoreSetAside";        // notice: %2 where the damaged file went
+inline constexpr char kStoreCopyDamaged[] = "Res_StoreCopyDamaged";  // notice: the copy in memory starts empty
 
 }  // namespace ws

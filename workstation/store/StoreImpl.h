@@ -78,8 +78,10 @@ struct TStore::TImpl {
     static void BindOne(SQLite::Statement& S, int Index, int Value) { S.bind(Index, Value); }
     static void BindOne(SQLite::Statement& S, int Index, double Value) { S.bind(Index, Value); }
     static void BindOne(SQLite::Statement& S, int Index, const std::optional<double>& Value) {
-        if (Value) S.bind(Index, *Value);
-        else S.bind(Index);
+        if (Value)
+            S.bind(Index, *Value);
+        else
+            S.bind(Index);
     }
 };
 

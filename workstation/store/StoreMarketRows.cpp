@@ -53,6 +53,7 @@ constexpr char kDropExchangeAttributes[] =
     "DELETE FROM product_attribute WHERE symbol IN (SELECT symbol FROM product WHERE exchange = ?1)";
 constexpr char kDropExchangeQuotes[] =
     "DELETE FROM quote WHERE symbol IN (SELECT symbol FROM product WHERE exchange = ?1)";
+constexpr char kDropBands[] = "DELETE FROM spread_band WHERE code = ?1";
 constexpr const char* kDropMarket[] = {
     "DELETE FROM quote",    "DELETE FROM product_attribute", "DELETE FROM product",     "DELETE FROM series",
     "DELETE FROM exchange", "DELETE FROM currency",          "DELETE FROM spread_band", "DELETE FROM order_option"};
@@ -110,18 +111,20 @@ TMarketSet TStore::LoadMarket() const {
     TMarketSet M;
     std::unordered_map<std::string, std::size_t> Place;
     TImpl& Db = *FImpl;
-    Db.Each("SELECT code, name_en, name_hant, name_hans, supported, market_day, sort_index, utc_offset FROM exchange"
-            " ORDER BY sort_index, code",
-            [&](SQLite::Statement& S) {
-                M.Exchanges.push_back({TextAt(S, 0), TextAt(S, 1), TextAt(S, 2), TextAt(S, 3), IntAt(S, 4) != 0,
-                                       TextAt(S, 5), IntAt(S, 6), IntAt(S, 7)});
-            });
+    Db.Each(
+        "SELECT code, name_en, name_hant, name_hans, supported, market_day, sort_index, utc_offset FROM exchange"
+        " ORDER BY sort_index, code",
+        [&](SQLite::Statement& S) {
+            M.Exchanges.push_back({TextAt(S, 0), TextAt(S, 1), TextAt(S, 2), TextAt(S, 3), IntAt(S, 4) != 0,
+                                   TextAt(S, 5), IntAt(S, 6), IntAt(S, 7)});
+        });
     Db.Each("SELECT code, name_en, name_hant, name_hans FROM currency ORDER BY code", [&](SQLite::Statement& S) {
         M.Currencies.push_back({TextAt(S, 0), TextAt(S, 1), TextAt(S, 2), TextAt(S, 3)});
     });
-    Db.Each("SELECT exchange, code, name_en, name_hant, name_hans, currency, underlying_last, volatility, decimals,"
-            " imported, sort_index FROM series ORDER BY exchange, sort_index, code",
-            [&](SQLite::Statement& S) { M.Series.push_back(ReadSeries(S)); });
+    Db.Each(
+        "SELECT exchange, code, name_en, name_hant, name_hans, currency, underlying_last, volatility, decimals,"
+        " imported, sort_index FROM series ORDER BY exchange, sort_index, code",
+        [&](SQLite::Statement& S) { M.Series.push_back(ReadSeries(S)); });
     Db.Each((std::string(kProductColumns) + " ORDER BY id").c_str(), [&](SQLite::Statement& S) {
         M.Products.push_back(ReadProduct(S));
         Place[M.Products.back().Symbol] = M.Products.size() - 1;
@@ -130,14 +133,17 @@ TMarketSet TStore::LoadMarket() const {
         const auto It = Place.find(TextAt(S, 0));
         if (It != Place.end()) M.Products[It->second].Attributes[TextAt(S, 1)] = TextAt(S, 2);
     });
-    Db.Each("SELECT symbol, bid, ask, last, previous_settlement, time, silent, delay_seconds FROM quote"
-            " ORDER BY symbol",
-            [&](SQLite::Statement& S) { M.Quotes.push_back(ReadQuote(S)); });
+    Db.Each(
+        "SELECT symbol, bid, ask, last, previous_settlement, time, silent, delay_seconds FROM quote"
+        " ORDER BY symbol",
+        [&](SQLite::Statement& S) { M.Quotes.push_back(ReadQuote(S)); });
     Db.Each("SELECT code, kind, lower, step FROM spread_band ORDER BY code, lower", [&](SQLite::Statement& S) {
         M.SpreadBands.push_back({TextAt(S, 0), IntAt(S, 1), DoubleAt(S, 2), DoubleAt(S, 3)});
     });
     Db.Each("SELECT exchange, option, sort_index FROM order_option ORDER BY exchange, sort_index, option",
-            [&](SQLite::Statement& S) { M.OrderOptions.push_back({TextAt(S, 0), TextAt(S, 1), IntAt(S, 2)}); });
+            [&](SQLite::Statement& S) {
+                M.OrderOptions.push_back({TextAt(S, 0), TextAt(S, 1), IntAt(S, 2)});
+            });
     return M;
 }
 
@@ -146,8 +152,9 @@ std::optional<TProductRow> TStore::FindProduct(const std::string& Symbol) const 
     FImpl->Each((std::string(kProductColumns) + " WHERE symbol = ?1").c_str(),
                 [&](SQLite::Statement& S) { Found = ReadProduct(S); }, Symbol);
     if (Found)
-        FImpl->Each("SELECT name, value FROM product_attribute WHERE symbol = ?1",
-                    [&](SQLite::Statement& S) { Found->Attributes[TextAt(S, 0)] = TextAt(S, 1); }, Symbol);
+        FImpl->Each(
+            "SELECT name, value FROM product_attribute WHERE symbol = ?1",
+            [&](SQLite::Statement& S) { Found->Attributes[TextAt(S, 0)] = TextAt(S, 1); }, Symbol);
     return Found;
 }
 
@@ -207,6 +214,8 @@ void TStoreTransaction::RemoveQuote(const std::string& Symbol) { FStore.FImpl->R
 void TStoreTransaction::RemoveQuotesOfSeries(const std::string& Exchange, const std::string& Series) {
     FStore.FImpl->Run(kDropSeriesQuotes, Exchange, Series);
 }
+
+void TStoreTransaction::RemoveSpreadTable(const std::string& Code) { FStore.FImpl->Run(kDropBands, Code); }
 
 void TStoreTransaction::RemoveMarket() {
     for (const char* Sql : kDropMarket) FStore.FImpl->Run(Sql);

@@ -9,8 +9,8 @@ class Database;
 
 namespace ws {
 
-inline constexpr int kSchemaVersion = 1;              // kept in the file as PRAGMA user_version
-inline constexpr int kApplicationId = 0x56515753;     // "VQWS", kept as PRAGMA application_id
+inline constexpr int kSchemaVersion = 1;           // kept in the file as PRAGMA user_version
+inline constexpr int kApplicationId = 0x56515753;  // "VQWS", kept as PRAGMA application_id
 
 // Runs every step from the file's version to kSchemaVersion in one transaction. A file without tables is at
 // version 0. Throws SQLite::Exception; then the file is as before.

@@ -19,8 +19,9 @@ constexpr char kDropSampleSymbols[] = "DELETE FROM sample_symbol";
 
 std::optional<std::string> TStore::ReadSetting(const std::string& Section, const std::string& Key) const {
     std::optional<std::string> Value;
-    FImpl->Each("SELECT value FROM setting WHERE section = ?1 AND key = ?2",
-                [&](SQLite::Statement& S) { Value = TextAt(S, 0); }, Section, Key);
+    FImpl->Each(
+        "SELECT value FROM setting WHERE section = ?1 AND key = ?2",
+        [&](SQLite::Statement& S) { Value = TextAt(S, 0); }, Section, Key);
     return Value;
 }
 
@@ -34,14 +35,16 @@ void TStore::RemoveSetting(const std::string& Section, const std::string& Key) {
 
 TSettings TStore::LoadSettings() const {
     TSettings All;
-    FImpl->Each("SELECT section, key, value FROM setting",
-                [&](SQLite::Statement& S) { All[{TextAt(S, 0), TextAt(S, 1)}] = TextAt(S, 2); });
+    FImpl->Each("SELECT section, key, value FROM setting", [&](SQLite::Statement& S) {
+        All[{TextAt(S, 0), TextAt(S, 1)}] = TextAt(S, 2);
+    });
     return All;
 }
 
 std::optional<std::string> TStore::ReadMeta(const std::string& Key) const {
     std::optional<std::string> Value;
-    FImpl->Each("SELECT value FROM meta WHERE key = ?1", [&](SQLite::Statement& S) { Value = TextAt(S, 0); }, Key);
+    FImpl->Each(
+        "SELECT value FROM meta WHERE key = ?1", [&](SQLite::Statement& S) { Value = TextAt(S, 0); }, Key);
     return Value;
 }
 
@@ -49,8 +52,9 @@ void TStore::WriteMeta(const std::string& Key, const std::string& Value) { FImpl
 
 std::string TStore::CurrentSampleSymbol(const std::string& BaseSymbol) const {
     std::string Symbol;
-    FImpl->Each("SELECT symbol FROM sample_symbol WHERE base_symbol = ?1",
-                [&](SQLite::Statement& S) { Symbol = TextAt(S, 0); }, BaseSymbol);
+    FImpl->Each(
+        "SELECT symbol FROM sample_symbol WHERE base_symbol = ?1", [&](SQLite::Statement& S) { Symbol = TextAt(S, 0); },
+        BaseSymbol);
     return Symbol;
 }
 

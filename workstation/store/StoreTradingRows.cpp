@@ -17,8 +17,7 @@ constexpr char kPutUser[] =
     " user_type = excluded.user_type, account_selectable = excluded.account_selectable,"
     " default_account = excluded.default_account, sort_index = excluded.sort_index";
 constexpr char kDropGrants[] = "DELETE FROM user_grant WHERE user = ?1";
-constexpr char kPutGrant[] =
-    "INSERT OR IGNORE INTO user_grant (user, kind, value, sort_index) VALUES (?1, ?2, ?3, ?4)";
+constexpr char kPutGrant[] = "INSERT OR IGNORE INTO user_grant (user, kind, value, sort_index) VALUES (?1, ?2, ?3, ?4)";
 constexpr char kPutPosition[] =
     "INSERT INTO position (account, symbol, qty, avg_price) VALUES (?1, ?2, ?3, ?4)"
     " ON CONFLICT (account, symbol) DO UPDATE SET qty = excluded.qty, avg_price = excluded.avg_price";
@@ -33,39 +32,39 @@ struct TGrantKind {
     std::vector<std::string> TUserRow::*List;
 };
 const std::array<TGrantKind, 3>& GrantKinds() {
-    static const std::array<TGrantKind, 3> Kinds{{{"right", &TUserRow::Rights},
-                                                  {"function", &TUserRow::Functions},
-                                                  {"account", &TUserRow::Accounts}}};
+    static const std::array<TGrantKind, 3> Kinds{
+        {{"right", &TUserRow::Rights}, {"function", &TUserRow::Functions}, {"account", &TUserRow::Accounts}}};
     return Kinds;
 }
 
-TPositionRow ReadPosition(SQLite::Statement& S) {
-    return {TextAt(S, 0), TextAt(S, 1), DoubleAt(S, 2), DoubleAt(S, 3)};
-}
+TPositionRow ReadPosition(SQLite::Statement& S) { return {TextAt(S, 0), TextAt(S, 1), DoubleAt(S, 2), DoubleAt(S, 3)}; }
 
 }  // namespace
 
 TTradingSet TStore::LoadTrading() const {
     TTradingSet T;
     TImpl& Db = *FImpl;
-    Db.Each("SELECT code, name, user_type, account_selectable, default_account, sort_index FROM user"
-            " ORDER BY sort_index, code",
-            [&](SQLite::Statement& S) {
-                TUserRow Row;
-                Row.Code = TextAt(S, 0);
-                Row.Name = TextAt(S, 1);
-                Row.UserType = IntAt(S, 2);
-                Row.AccountSelectable = IntAt(S, 3) != 0;
-                Row.DefaultAccount = TextAt(S, 4);
-                Row.SortIndex = IntAt(S, 5);
-                T.Users.push_back(std::move(Row));
-            });
+    Db.Each(
+        "SELECT code, name, user_type, account_selectable, default_account, sort_index FROM user"
+        " ORDER BY sort_index, code",
+        [&](SQLite::Statement& S) {
+            TUserRow Row;
+            Row.Code = TextAt(S, 0);
+            Row.Name = TextAt(S, 1);
+            Row.UserType = IntAt(S, 2);
+            Row.AccountSelectable = IntAt(S, 3) != 0;
+            Row.DefaultAccount = TextAt(S, 4);
+            Row.SortIndex = IntAt(S, 5);
+            T.Users.push_back(std::move(Row));
+        });
     for (auto& User : T.Users)
         for (const auto& Kind : GrantKinds())
-            Db.Each("SELECT value FROM user_grant WHERE user = ?1 AND kind = ?2 ORDER BY sort_index",
-                    [&](SQLite::Statement& S) { (User.*Kind.List).push_back(TextAt(S, 0)); }, User.Code, Kind.Name);
-    Db.Each("SELECT code, name FROM account ORDER BY sort_index, code",
-            [&](SQLite::Statement& S) { T.Accounts.push_back({TextAt(S, 0), TextAt(S, 1)}); });
+            Db.Each(
+                "SELECT value FROM user_grant WHERE user = ?1 AND kind = ?2 ORDER BY sort_index",
+                [&](SQLite::Statement& S) { (User.*Kind.List).push_back(TextAt(S, 0)); }, User.Code, Kind.Name);
+    Db.Each("SELECT code, name FROM account ORDER BY sort_index, code", [&](SQLite::Statement& S) {
+        T.Accounts.push_back({TextAt(S, 0), TextAt(S, 1)});
+    });
     Db.Each("SELECT account, symbol, qty, avg_price FROM position ORDER BY id",
             [&](SQLite::Statement& S) { T.Positions.push_back(ReadPosition(S)); });
     return T;
@@ -73,8 +72,9 @@ TTradingSet TStore::LoadTrading() const {
 
 std::vector<TPositionRow> TStore::LoadPositions(const std::string& Account) const {
     std::vector<TPositionRow> Rows;
-    FImpl->Each("SELECT account, symbol, qty, avg_price FROM position WHERE account = ?1 ORDER BY id",
-                [&](SQLite::Statement& S) { Rows.push_back(ReadPosition(S)); }, Account);
+    FImpl->Each(
+        "SELECT account, symbol, qty, avg_price FROM position WHERE account = ?1 ORDER BY id",
+        [&](SQLite::Statement& S) { Rows.push_back(ReadPosition(S)); }, Account);
     return Rows;
 }
 

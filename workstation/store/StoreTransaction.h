@@ -42,12 +42,13 @@ public:
     void RemoveProduct(const std::string& Symbol);
     void RemoveQuote(const std::string& Symbol);
     void RemoveQuotesOfSeries(const std::string& Exchange, const std::string& Series);
+    void RemoveSpreadTable(const std::string& Code);
     void RemovePosition(const std::string& Account, const std::string& Symbol);
     void RemoveAllPositions();
     void RemoveMarket();   // every row of a TMarketSet
     void RemoveTrading();  // every row of a TTradingSet
 
-    void PutMarket(const TMarketSet& Market);     // every row of the set
+    void PutMarket(const TMarketSet& Market);  // every row of the set
     void PutTrading(const TTradingSet& Trading);
 
     void WriteSetting(const std::string& Section, const std::string& Key, const std::string& Value);
