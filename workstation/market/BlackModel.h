@@ -10,11 +10,11 @@
 namespace ws {
 
 struct TBlackInput {
-    double Forward = 0.0;   // real price units
+    double Forward = 0.0;  // real price units
     double Strike = 0.0;
-    double Years = 0.0;     // to expiry
+    double Years = 0.0;       // to expiry
     double Volatility = 0.0;  // per year
-    double Discount = 1.0;  // D: present value of one unit paid at expiry
+    double Discount = 1.0;    // D: present value of one unit paid at expiry
 };
 
 // The standard normal distribution function.

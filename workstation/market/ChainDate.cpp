@@ -21,8 +21,9 @@ struct TToken {
 };
 using TTokens = std::vector<TToken>;
 
-constexpr std::array<std::string_view, 12> kMonths{"JANUARY", "FEBRUARY", "MARCH",     "APRIL",   "MAY",      "JUNE",
-                                                   "JULY",    "AUGUST",   "SEPTEMBER", "OCTOBER", "NOVEMBER", "DECEMBER"};
+constexpr std::array<std::string_view, 12> kMonths{"JANUARY",   "FEBRUARY", "MARCH",    "APRIL",
+                                                   "MAY",       "JUNE",     "JULY",     "AUGUST",
+                                                   "SEPTEMBER", "OCTOBER",  "NOVEMBER", "DECEMBER"};
 constexpr std::array<std::string_view, 7> kWeekdays{"MONDAY", "TUESDAY",  "WEDNESDAY", "THURSDAY",
                                                     "FRIDAY", "SATURDAY", "SUNDAY"};
 constexpr std::array<std::string_view, 7> kFillers{"AT", "ON", "T", "ST", "ND", "RD", "TH"};
@@ -32,8 +33,16 @@ struct TZone {
     std::string_view Name;
     int Minutes;
 };
-constexpr std::array<TZone, 10> kZones{{{"EST", -300}, {"EDT", -240}, {"ET", -300}, {"CST", -360}, {"CDT", -300},
-                                        {"CT", -360}, {"UTC", 0}, {"GMT", 0}, {"Z", 0}, {"HKT", 480}}};
+constexpr std::array<TZone, 10> kZones{{{"EST", -300},
+                                        {"EDT", -240},
+                                        {"ET", -300},
+                                        {"CST", -360},
+                                        {"CDT", -300},
+                                        {"CT", -360},
+                                        {"UTC", 0},
+                                        {"GMT", 0},
+                                        {"Z", 0},
+                                        {"HKT", 480}}};
 
 bool IsDigit(char C) { return C >= '0' && C <= '9'; }
 bool IsLetter(char C) { return C >= 'A' && C <= 'Z'; }
@@ -47,10 +56,14 @@ TTokens TokensOf(std::string_view Text) {
             while (I < Upper.size() && Belongs(Upper[I])) ++I;
             Tokens.push_back({Kind, Upper.substr(Start, I - Start)});
         };
-        if (static_cast<unsigned char>(Upper[I]) <= 0x20) ++I;
-        else if (IsDigit(Upper[I])) Take(IsDigit, EToken::Number);
-        else if (IsLetter(Upper[I])) Take(IsLetter, EToken::Word);
-        else Tokens.push_back({EToken::Mark, Upper.substr(I++, 1)});
+        if (static_cast<unsigned char>(Upper[I]) <= 0x20)
+            ++I;
+        else if (IsDigit(Upper[I]))
+            Take(IsDigit, EToken::Number);
+        else if (IsLetter(Upper[I]))
+            Take(IsLetter, EToken::Word);
+        else
+            Tokens.push_back({EToken::Mark, Upper.substr(I++, 1)});
     }
     return Tokens;
 }
@@ -90,7 +103,8 @@ struct TTimeOfDay {
 // Takes "11:24 PM EST" out of Tokens. False: there is a time, but no such time of day exists.
 bool TakeTime(TTokens& Tokens, TTimeOfDay& Time) {
     std::size_t Begin = 0;
-    while (Begin < Tokens.size() && !(IsNumber(Tokens, Begin) && IsMark(Tokens, Begin + 1, ":") && IsNumber(Tokens, Begin + 2)))
+    while (Begin < Tokens.size() &&
+           !(IsNumber(Tokens, Begin) && IsMark(Tokens, Begin + 1, ":") && IsNumber(Tokens, Begin + 2)))
         ++Begin;
     if (Begin == Tokens.size()) return true;
     std::size_t End = Begin + 3;
@@ -109,7 +123,8 @@ bool TakeTime(TTokens& Tokens, TTimeOfDay& Time) {
     }
     if (IsWord(Tokens, End) && Tokens[End].Text.size() <= 5 && IndexByName(kMonths, Tokens[End].Text) < 0)
         Time.Zone = Tokens[End++].Text;
-    Tokens.erase(Tokens.begin() + static_cast<std::ptrdiff_t>(Begin), Tokens.begin() + static_cast<std::ptrdiff_t>(End));
+    Tokens.erase(Tokens.begin() + static_cast<std::ptrdiff_t>(Begin),
+                 Tokens.begin() + static_cast<std::ptrdiff_t>(End));
     return Valid;
 }
 

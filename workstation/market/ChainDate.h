@@ -22,9 +22,9 @@ enum class EDateOrder { Unstated, DayFirst, MonthFirst };
 std::optional<EDateOrder> DateOrderOf(std::string_view Text);
 
 struct TChainDate {
-    std::string Day;   // "2023/02/03"
-    std::string Time;  // "2023/02/03 23:24:00"; midnight when the file states no time
-    std::string Zone;  // "EST" as written, upper case; empty when not stated
+    std::string Day;                      // "2023/02/03"
+    std::string Time;                     // "2023/02/03 23:24:00"; midnight when the file states no time
+    std::string Zone;                     // "EST" as written, upper case; empty when not stated
     std::optional<int> UtcOffsetMinutes;  // of Zone; absent when not stated or not known
 };
 

@@ -21,8 +21,8 @@ namespace {
 
 using TFields = std::vector<std::string>;
 
-constexpr std::size_t kMaxHeadLines = 20;       // non-blank lines within which the header must stand
-constexpr double kStrikeTolerance = 0.005001;   // the strike column may be rounded to cents
+constexpr std::size_t kMaxHeadLines = 20;      // non-blank lines within which the header must stand
+constexpr double kStrikeTolerance = 0.005001;  // the strike column may be rounded to cents
 constexpr int kAbsent = -1;
 
 constexpr std::array<std::string_view, 3> kBidNames{"bid", "bid price", ""};
@@ -42,7 +42,8 @@ struct TColumns {
 };
 
 std::string LowerCase(std::string S) {
-    std::transform(S.begin(), S.end(), S.begin(), [](char C) { return C >= 'A' && C <= 'Z' ? static_cast<char>(C + 32) : C; });
+    std::transform(S.begin(), S.end(), S.begin(),
+                   [](char C) { return C >= 'A' && C <= 'Z' ? static_cast<char>(C + 32) : C; });
     return S;
 }
 
@@ -73,9 +74,12 @@ public:
         while (FLines.Next(Line)) {
             if (fw::Trim(Line).empty() && !FLines.TooLong()) continue;
             ++FChain.TableLines;
-            if (FLines.TooLong()) Bad(kLineTooLong);
-            else if (!FStrict.Split(Line)) Bad(kLineQuotes);
-            else ReadTableLine(FStrict.Fields());
+            if (FLines.TooLong())
+                Bad(kLineTooLong);
+            else if (!FStrict.Split(Line))
+                Bad(kLineQuotes);
+            else
+                ReadTableLine(FStrict.Fields());
         }
         if (FChain.TableLines == 0) Refuse(kImportNoContracts);
         return std::move(FChain);
@@ -150,7 +154,8 @@ private:
     void ReadName(const std::vector<TFields>& Head) {
         const auto Has = [](std::string_view Key) {
             return [Key](const TFields& Fields) {
-                return std::any_of(Fields.begin(), Fields.end(), [&](const std::string& F) { return StartsWith(F, Key); });
+                return std::any_of(Fields.begin(), Fields.end(),
+                                   [&](const std::string& F) { return StartsWith(F, Key); });
             };
         };
         if (Head.size() < 2) Refuse(kImportNotChain);
@@ -173,10 +178,13 @@ private:
 
     // A date that is not quoted falls into several fields: all of them up to the next keyed one.
     void ReadDate(const TFields& Fields) {
-        auto Field = std::find_if(Fields.begin(), Fields.end(), [](const std::string& F) { return StartsWith(F, "date:"); });
+        auto Field =
+            std::find_if(Fields.begin(), Fields.end(), [](const std::string& F) { return StartsWith(F, "date:"); });
         std::string Text;
-        if (Field != Fields.end()) Text = fw::Trim(std::string_view(*Field++).substr(5));
-        else Field = Fields.begin();
+        if (Field != Fields.end())
+            Text = fw::Trim(std::string_view(*Field++).substr(5));
+        else
+            Field = Fields.begin();
         for (; Field != Fields.end() && !IsKeyed(*Field); ++Field) Text += (Text.empty() ? "" : ", ") + *Field;
         const EDateReading Reading = ReadChainDate(Text, FOptions.DateOrder, FChain.Date);
         if (Reading == EDateReading::Ambiguous) Refuse(kImportAmbiguousDate, Text);

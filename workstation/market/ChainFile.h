@@ -24,14 +24,14 @@ namespace ws {
 // One contract: one side of a line. Prices as the file has them; a price of 0 for last or ask means that there is none
 // and reads as absent, and with it a bid of 0 (a bid of 0 below an ask is a bid of 0).
 struct TChainContract {
-    std::string Symbol;     // "SPXW230203C01000000"
-    std::string Root;       // "SPXW"
-    std::string Expiry;     // "2023/02/03"
-    char CallPut = 'C';     // 'C' or 'P'
-    std::string StrikeText; // exact and shortest
+    std::string Symbol;      // "SPXW230203C01000000"
+    std::string Root;        // "SPXW"
+    std::string Expiry;      // "2023/02/03"
+    char CallPut = 'C';      // 'C' or 'P'
+    std::string StrikeText;  // exact and shortest
     double Strike = 0.0;
     std::optional<double> Bid, Ask, Last;
-    std::size_t Line = 0;   // of the file, from 1
+    std::size_t Line = 0;  // of the file, from 1
 };
 
 // A line of the table that could not be read. The caller decides: refuse the file, or do without these lines.

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "workstation/market/ChainSeries.h"
-#include "workstation/market/OccSymbol.h"
 #include "workstation/market/MarketDay.h"
+#include "workstation/market/OccSymbol.h"
 
 namespace ws {
 
@@ -26,7 +26,7 @@ constexpr char kPennySteps[] = "CBOE.PENNY";
 constexpr double kDimeFrom = 3.0;  // steps of 0.05 below, 0.10 from here on
 
 struct TCurrent {
-    std::map<std::string, TSeriesRow> Series;                  // by code
+    std::map<std::string, TSeriesRow> Series;                      // by code
     std::unordered_map<std::string, const TProductRow*> Products;  // by symbol
     int MaxSeriesSort = -1;
 };
@@ -127,8 +127,10 @@ std::unordered_set<std::string> FindRemoved(const TChainFile& Chain, const TCurr
         if (InFile.contains(Symbol)) continue;
         const auto Occ = ParseOccSymbol(Symbol);
         if (!Occ || !Roots.contains(Occ->Root)) continue;
-        if (Kept.contains(Symbol)) ++Changes.KeptProducts;
-        else Removed.insert(Symbol);
+        if (Kept.contains(Symbol))
+            ++Changes.KeptProducts;
+        else
+            Removed.insert(Symbol);
     }
     Changes.RemovedProducts.assign(Removed.begin(), Removed.end());
     std::sort(Changes.RemovedProducts.begin(), Changes.RemovedProducts.end());

@@ -32,14 +32,14 @@ struct TChainChanges {
     TCurrencyRow Currency;
     std::vector<TSeriesRow> Series;
     std::vector<TSpreadBandRow> SpreadBands;
-    std::vector<TProductRow> Products;          // in file order
-    std::vector<TQuoteRow> Quotes;              // one a product
-    std::vector<std::string> RemovedProducts;   // of the file's roots, not in the file and not kept
+    std::vector<TProductRow> Products;         // in file order
+    std::vector<TQuoteRow> Quotes;             // one a product
+    std::vector<std::string> RemovedProducts;  // of the file's roots, not in the file and not kept
 
-    std::vector<std::string> Roots;             // of the file, in its order
-    std::vector<std::string> NewSeries;         // codes that the exchange did not list before
-    std::size_t AddedProducts = 0;              // of Products, how many the market did not know
-    std::size_t KeptProducts = 0;               // not in the file, but held or ordered on
+    std::vector<std::string> Roots;      // of the file, in its order
+    std::vector<std::string> NewSeries;  // codes that the exchange did not list before
+    std::size_t AddedProducts = 0;       // of Products, how many the market did not know
+    std::size_t KeptProducts = 0;        // not in the file, but held or ordered on
 };
 
 // Current: the market as it stands; only its exchanges and the rows of kChainExchange are looked at. Kept: symbols that

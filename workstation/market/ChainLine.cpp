@@ -17,7 +17,12 @@ constexpr std::size_t kExcerpt = 60;  // bytes
 // Length of the UTF-8 sequence at I, 0 when the bytes there are none.
 std::size_t SequenceLength(std::string_view S, std::size_t I) {
     const auto Byte = static_cast<unsigned char>(S[I]);
-    const std::size_t Length = Byte < 0x80 ? 1 : Byte < 0xC2 ? 0 : Byte < 0xE0 ? 2 : Byte < 0xF0 ? 3 : Byte < 0xF5 ? 4 : 0;
+    const std::size_t Length = Byte < 0x80   ? 1
+                               : Byte < 0xC2 ? 0
+                               : Byte < 0xE0 ? 2
+                               : Byte < 0xF0 ? 3
+                               : Byte < 0xF5 ? 4
+                                             : 0;
     if (Length == 0 || I + Length > S.size()) return 0;
     for (std::size_t K = 1; K < Length; ++K)
         if ((static_cast<unsigned char>(S[I + K]) & 0xC0U) != 0x80U) return 0;
@@ -46,7 +51,8 @@ bool TLineReader::Next(std::string_view& Line) {
     for (;;) {
         if (FPos >= FBlock.size() && !Fill()) break;
         const std::size_t End = FBlock.find('\n', FPos);
-        const std::string_view Part = std::string_view(FBlock).substr(FPos, End == std::string::npos ? End : End - FPos);
+        const std::string_view Part =
+            std::string_view(FBlock).substr(FPos, End == std::string::npos ? End : End - FPos);
         Any = true;
         FLine.append(Part.substr(0, kMaxLine - FLine.size()));
         FTooLong = FTooLong || FLine.size() == kMaxLine;

@@ -33,7 +33,8 @@ bool SeveralInAMonth(const std::string& Root, const std::set<TRootExpiry>& A, co
     for (const auto* Set : {&A, &B})
         for (const TRootExpiry& E : *Set)
             if (E.Root == Root) ExpiriesOfMonth[MonthOf(E.Expiry)].insert(E.Expiry);
-    return std::any_of(ExpiriesOfMonth.begin(), ExpiriesOfMonth.end(), [](const auto& M) { return M.second.size() > 1; });
+    return std::any_of(ExpiriesOfMonth.begin(), ExpiriesOfMonth.end(),
+                       [](const auto& M) { return M.second.size() > 1; });
 }
 
 std::map<std::string, EForm> FormsOf(const std::set<TRootExpiry>& InFile, const TListedExpiries& Listed) {
@@ -41,7 +42,8 @@ std::map<std::string, EForm> FormsOf(const std::set<TRootExpiry>& InFile, const 
     for (const TRootExpiry& E : InFile) {
         if (Forms.contains(E.Root)) continue;
         EForm Form = EForm::Root;
-        if (AnyHasForm(Listed.Series, E.Root, 6)) Form = EForm::Date;
+        if (AnyHasForm(Listed.Series, E.Root, 6))
+            Form = EForm::Date;
         else if (AnyHasForm(Listed.Series, E.Root, 2) || SeveralInAMonth(E.Root, InFile, Listed.Staying))
             Form = EForm::Day;
         Forms.emplace(E.Root, Form);
@@ -70,8 +72,8 @@ std::map<TRootExpiry, std::string> AssignSeries(const std::set<TRootExpiry>& InF
         std::map<TRootExpiry, std::string> Result;
         for (const TRootExpiry& E : InFile) {
             const auto Known = Listed.SeriesOf.find(E);
-            Result[E] = Known != Listed.SeriesOf.end() ? Known->second
-                                                       : CodeOf(E, EachItsOwn ? EForm::Date : Forms.at(E.Root));
+            Result[E] =
+                Known != Listed.SeriesOf.end() ? Known->second : CodeOf(E, EachItsOwn ? EForm::Date : Forms.at(E.Root));
         }
         return Result;
     };

@@ -12,7 +12,7 @@
 namespace ws {
 
 struct TOccSymbol {
-    std::string Root;            // 1 to 6 letters and digits (and '.'), upper case, first a letter
+    std::string Root;  // 1 to 6 letters and digits (and '.'), upper case, first a letter
     std::chrono::sys_days Expiry{};
     char CallPut = 'C';          // 'C' or 'P'
     long StrikeThousandths = 0;  // 0 to 99,999,999

@@ -12,7 +12,8 @@ namespace ws {
 // the middle, else the previous settlement. Nothing when the quote has none.
 std::optional<double> ReferencePrice(const TQuoteRow& Quote, bool Imported);
 
-// The middle of bid and ask, free of the noise of the halving; nothing without an ask, without a bid or when they cross.
+// The middle of bid and ask, free of the noise of the halving; nothing without an ask, without a bid or when they
+// cross.
 std::optional<double> MiddlePrice(const TQuoteRow& Quote);
 
 }  // namespace ws

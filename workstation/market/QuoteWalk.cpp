@@ -19,8 +19,8 @@ constexpr int kOption = 3;
 // A year of the walk is the time in which markets are open, so that a trader sees a day's range in a day.
 constexpr double kSecondsPerYear = 252 * 6.5 * 3600;
 constexpr double kDaysPerYear = 365.0;
-constexpr double kHalfDay = 0.5;            // what is left on the day of expiry
-constexpr double kOptionHalfSpread = 0.005; // of the value, at least half a step
+constexpr double kHalfDay = 0.5;             // what is left on the day of expiry
+constexpr double kOptionHalfSpread = 0.005;  // of the value, at least half a step
 
 constexpr std::array kCallCodes{1, 6, 10, 12, 20, 22, 24, 62, 64};
 constexpr std::array kPutCodes{2, 7, 11, 13, 21, 23, 25, 63, 65};
@@ -30,8 +30,12 @@ bool IsOneOf(const TCodes& Codes, std::optional<int32_t> Code) {
     return Code && std::find(Codes.begin(), Codes.end(), *Code) != Codes.end();
 }
 
-bool IsCall(const std::string& Code) { return Code.starts_with('C') || Code.starts_with('c') || IsOneOf(kCallCodes, fw::TextToInt(Code)); }
-bool IsPut(const std::string& Code) { return Code.starts_with('P') || Code.starts_with('p') || IsOneOf(kPutCodes, fw::TextToInt(Code)); }
+bool IsCall(const std::string& Code) {
+    return Code.starts_with('C') || Code.starts_with('c') || IsOneOf(kCallCodes, fw::TextToInt(Code));
+}
+bool IsPut(const std::string& Code) {
+    return Code.starts_with('P') || Code.starts_with('p') || IsOneOf(kPutCodes, fw::TextToInt(Code));
+}
 
 // FNV-1a: the same on every machine.
 std::uint64_t HashOf(std::string_view S) {
@@ -50,7 +54,8 @@ TQuoteRow WithoutData(const TQuoteRow& Row) {
 
 }  // namespace
 
-TQuoteWalk::TQuoteWalk(const TMarketSet& Market, std::uint64_t Seed, TTimePoint StartUtc) : FSeed(Seed), FNow(StartUtc) {
+TQuoteWalk::TQuoteWalk(const TMarketSet& Market, std::uint64_t Seed, TTimePoint StartUtc)
+    : FSeed(Seed), FNow(StartUtc) {
     Replace(Market);
 }
 
@@ -87,8 +92,8 @@ void TQuoteWalk::BuildSeries(const TMarketSet& Market) {
 
 TQuoteWalk::TWalk* TQuoteWalk::WalkOf(const TSeriesRow& Row) {
     const double Volatility = std::isfinite(Row.Volatility) ? std::max(Row.Volatility, 0.0) : 0.0;
-    const std::string Key = Row.Exchange + '/' + fw::FloatToShortestText(*Row.UnderlyingLast) + '/' +
-                            fw::FloatToShortestText(Volatility);
+    const std::string Key =
+        Row.Exchange + '/' + fw::FloatToShortestText(*Row.UnderlyingLast) + '/' + fw::FloatToShortestText(Volatility);
     auto Found = FWalks.find(Key);
     if (Found == FWalks.end())
         Found = FWalks.emplace(Key, TWalk{*Row.UnderlyingLast, Volatility, std::mt19937_64(FSeed ^ HashOf(Key))}).first;

@@ -70,7 +70,7 @@ private:
     enum class EPricing { Stands, Silent, Linear, Call, Put };
     struct TContract {
         EPricing Pricing = EPricing::Stands;
-        const TSeries* Series = nullptr;  // owned by FSeries; null when the market lacks it
+        const TSeries* Series = nullptr;      // owned by FSeries; null when the market lacks it
         const TSpreadTable* Steps = nullptr;  // owned by FTables or FDecimalSteps
         std::chrono::sys_days Expiry{};
         double Strike = 0.0;
@@ -98,7 +98,7 @@ private:
     TSpreadTables FTables{std::vector<TSpreadBandRow>{}};
     std::map<int, TSpreadTable> FDecimalSteps;
     std::map<std::string, TExchangeRow> FExchanges;
-    std::map<std::string, TWalk> FWalks;  // by exchange, price and volatility; never removed
+    std::map<std::string, TWalk> FWalks;                             // by exchange, price and volatility; never removed
     std::map<std::pair<std::string, std::string>, TSeries> FSeries;  // by exchange and code
     std::unordered_map<std::string, TContract> FContracts;
     std::map<std::string, int> FWatched;  // symbol -> how often

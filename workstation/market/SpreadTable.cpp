@@ -12,7 +12,8 @@ namespace {
 
 constexpr double kSamePrice = 1e-7;
 constexpr double kSmallestStep = 1e-6;
-constexpr int kMendings = 3;  // whole steps by which a rounded quotient may be off; more means that a double has no room
+constexpr int kMendings =
+    3;  // whole steps by which a rounded quotient may be off; more means that a double has no room
 constexpr double kCleanUpTo = 4e6;  // above, a double has no room for nine decimals
 
 // 3 * 0.1 is not 0.3: takes the noise of the multiplication off, so that equal prices have equal bits.

@@ -13,8 +13,8 @@
 
 namespace ws {
 
-inline constexpr int kSpreadBands = 1;           // the kind of table that is walked
-inline constexpr double kLastBandUpper = 1e15;   // upper edge of the last band: finite, so that differences stay finite
+inline constexpr int kSpreadBands = 1;          // the kind of table that is walked
+inline constexpr double kLastBandUpper = 1e15;  // upper edge of the last band: finite, so that differences stay finite
 
 class TSpreadTable {
 public:

@@ -26,20 +26,22 @@ std::string PlainCharacters(std::string_view S) {
     std::string Result;
     Result.reserve(S.size());
     for (std::size_t I = 0; I < S.size(); ++I) {
-        const auto Byte = [&](std::size_t K) -> unsigned { return K < S.size() ? static_cast<unsigned char>(S[K]) : 0U; };
-        const unsigned B0 = Byte(I), B1 = Byte(I + 1), B2 = Byte(I + 2);
-        if (B0 == 0xEF && (B1 == 0xBC || B1 == 0xBD) && (B2 & 0xC0U) == 0x80U) {
-            const unsigned Code = 0xF000U | ((B1 & 0x3FU) << 6U) | (B2 & 0x3FU);
+        const auto Byte = [&](std::size_t K) -> unsigned {
+            return K < S.size() ? static_cast<unsigned char>(S[K]) : 0U;
+        };
+        const unsigned First = Byte(I), Second = Byte(I + 1), Third = Byte(I + 2);
+        if (First == 0xEF && (Second == 0xBC || Second == 0xBD) && (Third & 0xC0U) == 0x80U) {
+            const unsigned Code = 0xF000U | ((Second & 0x3FU) << 6U) | (Third & 0x3FU);
             if (Code >= 0xFF01U && Code <= 0xFF5EU) {
                 Result += static_cast<char>(Code - 0xFF01U + 0x21U);
                 I += 2;
                 continue;
             }
         }
-        if (B0 == 0xE3 && B1 == 0x80 && B2 == 0x80) {
+        if (First == 0xE3 && Second == 0x80 && Third == 0x80) {
             Result += ' ';
             I += 2;
-        } else if (B0 == 0xC2 && B1 == 0xA0) {
+        } else if (First == 0xC2 && Second == 0xA0) {
             Result += ' ';
             I += 1;
         } else {
