@@ -99,7 +99,7 @@ TEST_F(TSymbolEntry, AnUnlistedSymbolIsFilledFromMarketData) {
 TEST_F(TSymbolEntry, ThePremiumIsProposedInDisplayUnits) {
     Ready("HSIC110", 110, "C", 1.2345).Set(kFieldDisplayFactor, 100.0);
     Type(0, "HSIC110");
-    EXPECT_EQ(Grid.GetCell(0, kColPremium), Variant(123.45));
+    EXPECT_DOUBLE_EQ(Grid.GetCell(0, kColPremium).AsFloat(), 123.45) << "not rounded";
     Ready("HSIP110", 110, "P", 0).Forget(kFieldReferencePrice);
     Type(1, "HSIP110");
     EXPECT_TRUE(Grid.GetCell(1, kColPremium).IsNull());

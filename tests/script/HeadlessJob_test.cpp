@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/script/HeadlessJob.h"
+
+#include <fstream>
+#include <sstream>
+
+#include "framework/base/Package.h"
+#include "registration/VentiqInterface.h"
+#include "tests/services/ServiceFixture.h"
+#include "workstation/script/FirstStart.h"
+#include "workstation/script/StrategyRun.h"
+
+namespace ws {
+
+class THeadlessJobTest : public TServiceFixture {
+protected:
+    ventiq::TIVentiq View;
+    std::ostringstream Out, Errors;
+    THeadlessJobTest() { Open(); }
+
+    int RunJob(std::vector<std::string> Arguments) {
+        Arguments.insert(Arguments.begin(), {"--headless", "--out", (Folder / "out").string()});
+        THeadlessHost Host;
+        Host.Wait = [this](int) { Run(1); };
+        Host.DrawView = [](fw::TFrame& Frame, const std::filesystem::path& File) {
+            return static_cast<bool>(std::ofstream(File) << Frame.Controls().Controls().size());
+        };
+        return RunHeadlessJob(*Station, View, ParseCommandLine(Arguments), Host, Out, Errors);
+    }
+    std::vector<std::string> Lines(const char* File) {
+        std::ifstream Stream(Folder / "out" / File);
+        std::vector<std::string> Result;
+        for (std::string Line; std::getline(Stream, Line);) Result.push_back(Line);
+        return Result;
+    }
+};
+
+TEST_F(THeadlessJobTest, ALongCallIsTabulated) {
+    ASSERT_EQ(RunJob({"--leg", "HSI26400L6,buy,500,2", "--down", "26000", "--up", "27000", "--interval", "200"}), kExitDone) << Errors.str();
+    EXPECT_EQ(Lines("payoff.csv"), (std::vector<std::string>{"price,pl", "26000,-50000", "26200,-50000", "26400,-50000", "26600,-30000", "26800,-10000",
+                                                             "27000,10000"}));
+    EXPECT_EQ(Lines("keyprices.csv"), (std::vector<std::string>{"price,pl", "26000,-50000", "26400,-50000", "27000,10000"}));
+    EXPECT_EQ(Lines("payoff.png").size(), 1u);
+    EXPECT_NE(Out.str().find("payoff.csv"), std::string::npos);
+    EXPECT_FALSE(Station->HasOwners()) << "the view is closed and has let go of everything";
+}
+
+TEST_F(THeadlessJobTest, WithoutLegsTheFirstStartsStrategyIsCalculated) {
+    ASSERT_EQ(RunJob({}), kExitDone) << Errors.str();
+    EXPECT_EQ(Lines("payoff.csv").size(), 52u);
+    EXPECT_EQ(Lines("keyprices.csv").size(), 7u) << "both ends and four strikes";
+}
+
+TEST_F(THeadlessJobTest, PremiumsAreWhatTheCellShowsNotWhatTheExchangeQuotes) {
+    ASSERT_EQ(RunJob({"--leg", "CPRZ26,buy,400,1", "--down", "4", "--up", "4.5", "--interval", "0.5"}), kExitDone) << Errors.str();
+    EXPECT_EQ(Lines("payoff.csv"), (std::vector<std::string>{"price,pl", "4,0", "4.5,12500"})) << "400 shown is 4.00 real, multiplier 25,000";
+}
+
+TEST_F(THeadlessJobTest, EveryLegThatIsInTheWayIsNamedAndNothingIsWritten) {
+    const struct { const char* Why; std::vector<std::string> Arguments; std::vector<const char*> Named; } Cases[] = {
+        {"unknown", {"--leg", "NOBODY,buy,1,1"}, {"NOBODY"}},
+        {"foreign", {"--leg", "HSI26400L6,buy,1,1", "--leg", "OILF27,buy,1,1"}, {"OILF27"}},
+        {"never any data", {"--leg", "HHI9400L6,buy,1,1", "--leg", "HHI10500L6,buy,1,1"}, {"HHI10500L6"}},
+        {"unknown market", {"--exchange", "MOON", "--leg", "HSI26400L6,buy,1,1"}, {"MOON"}},
+        {"bad range", {"--leg", "HSI26400L6,buy,1,1", "--down", "5", "--up", "4"}, {}},
+        {"a quantity beyond the editor", {"--leg", "HSI26400L6,buy,1,1e18"}, {"1e18"}},
+    };
+    for (const auto& C : Cases) {
+        SCOPED_TRACE(C.Why);
+        Errors.str("");
+        EXPECT_EQ(RunJob(C.Arguments), kExitFailed);
+        for (const char* Name : C.Named) EXPECT_NE(Errors.str().find(Name), std::string::npos) << Errors.str();
+        EXPECT_FALSE(Errors.str().empty());
+        EXPECT_FALSE(std::filesystem::exists(Folder / "out"));
+        EXPECT_FALSE(Station->HasOwners());
+    }
+}
+
+TEST_F(THeadlessJobTest, LateDataAreWaitedFor) {
+    EXPECT_EQ(RunJob({"--leg", "HHI10400L6,buy,10,1"}), kExitDone) << Errors.str();
+}
+
+TEST_F(THeadlessJobTest, AWeeklyContractFindsItsMonth) {
+    const auto* Product = Station->Market().FindProduct("HSI26400L6W11");
+    ASSERT_TRUE(Product);
+    EXPECT_EQ(MonthCodeOf(*Product), "2026-12-W2");
+    EXPECT_EQ(RunJob({"--leg", "HSI26400L6W11,buy,10,1"}), kExitDone) << Errors.str();
+}
+
+}  // namespace ws

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <fstream>
+
+#include "tests/services/ServiceFixture.h"
+
+namespace ws {
+
+using TWorkstationTest = TServiceFixture;
+
+TEST_F(TWorkstationTest, InstallsEveryServiceForItsLifetime) {
+    EXPECT_THROW(fw::TCustomMarketAdapter::GetInstance(), fw::EServiceMissing);
+    Open();
+    EXPECT_EQ(&fw::TCustomMarketAdapter::GetInstance(), &Station->Market());
+    EXPECT_NO_THROW(fw::TCustomConfigManager::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomLanguageManager::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomUserAppProfile::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomLookAndFeelService::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomTimerControl::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomGlobalChannelManager::GetInstance());
+    EXPECT_NO_THROW(fw::TEditorManager::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomSubscribeAdapter::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomPositionAdapter::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomOrderAdapter::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomMessageBoxCtrl::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomFormatter::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomExchangeListComparer::GetInstance());
+    EXPECT_NO_THROW(fw::TCustomSeriesComparer::GetInstance());
+    Station.reset();
+    EXPECT_THROW(fw::TCustomMarketAdapter::GetInstance(), fw::EServiceMissing);
+}
+
+TEST_F(TWorkstationTest, TheSampleMarketIsThereAfterTheFirstStart) {
+    Open();
+    auto& Market = Station->Market();
+    EXPECT_EQ(Market.GetExchangeCode(0), "HKFE");
+    EXPECT_EQ(Market.GetExchangeCode(999), "");
+    EXPECT_TRUE(Market.IsExchangeSupported("HKFE"));
+    EXPECT_FALSE(Market.IsExchangeSupported("XOTC"));
+    EXPECT_FALSE(Market.IsExchangeSupported("NOWHERE"));
+    EXPECT_EQ(Market.GetSeriesCode("HKFE", 0), "HSI");
+    EXPECT_EQ(Market.GetSeriesInfo("HSI")->GetDefaultName(), "Hang Seng Index");
+    EXPECT_EQ(Market.GetSeriesInfo("NONE"), nullptr);
+    auto* Product = Market.GetProductBySymbol("HSI26400L6");
+    ASSERT_TRUE(Product);
+    EXPECT_EQ(Product->GetStrikePrice(), "26400");
+    EXPECT_EQ(Product->GetSeries(), "HSI");
+    EXPECT_EQ(Market.GetProduct("HKFE", "HSI", -1), nullptr);
+    EXPECT_EQ(Market.GetSpreadTable("NONE"), nullptr);
+    ASSERT_TRUE(Market.GetSpreadTable("INDEX"));
+    EXPECT_EQ(Market.GetSpreadTable("INDEX")->GetKind(), 1);
+}
+
+TEST_F(TWorkstationTest, ListsAreSortedAsTheMarketListsThem) {
+    Open();
+    fw::TStringList Exchanges{"XDER", "HKFE", "UNKNOWN"};
+    fw::TCustomExchangeListComparer::GetInstance().Sort(&Exchanges);
+    EXPECT_EQ(Exchanges, (fw::TStringList{"HKFE", "XDER", "UNKNOWN"}));
+    EXPECT_NO_THROW(fw::TCustomExchangeListComparer::GetInstance().Sort(nullptr));
+    fw::TStringList Series{"HHI", "MHI", "HSI"};
+    fw::TCustomSeriesComparer::GetInstance().Sort("HKFE", &Series);
+    EXPECT_EQ(Series, (fw::TStringList{"HSI", "MHI", "HHI"}));
+}
+
+TEST_F(TWorkstationTest, UsersDiffer) {
+    const struct { const char* User; int Type; bool Selectable; bool Right; bool PayOff; } Cases[] = {
+        {"trader", 2, true, true, true}, {"fixed", 2, false, true, true}, {"norights", 2, true, false, true}, {"nopayoff", 2, true, true, false}};
+    for (const auto& C : Cases) {
+        SCOPED_TRACE(C.User);
+        Open(C.User);
+        auto& Profile = fw::TCustomUserAppProfile::GetInstance();
+        EXPECT_EQ(Profile.GetUserType(), C.Type);
+        EXPECT_EQ(Profile.IsAccountSelectable(), C.Selectable);
+        EXPECT_EQ(Profile.HasRight("OEOpenC"), C.Right);
+        EXPECT_EQ(Profile.IsFunctionEnabled("PayOff"), C.PayOff);
+    }
+    Open();
+    EXPECT_EQ(Station->User().Code, "nopayoff") << "the last one is remembered";
+    Open("nobody");
+    EXPECT_EQ(Station->User().Code, "trader");
+    EXPECT_TRUE(std::any_of(Station->Notices().begin(), Station->Notices().end(), [](const auto& N) { return N.Key == "Res_UserUnknown"; }));
+}
+
+TEST_F(TWorkstationTest, TheUsersAccountIsPreselected) {
+    Open("trader");
+    fw::TPopupEdit Editor;
+    int Exits = 0;
+    Editor.OnExit = [&](fw::TObject*) { ++Exits; };
+    auto& Editors = fw::TEditorManager::GetInstance();
+    Editors.RegisterAccountEditor(&Editor, "", false, true);
+    EXPECT_TRUE(Editor.IsEnabled());
+    EXPECT_EQ(Editor.GetHint(), "A100");
+    EXPECT_EQ(Exits, 1) << "so that the view learns of it";
+    EXPECT_EQ(Editor.GetChoices().size(), 3u);
+    Editor.Choose(1);
+    Editors.RegisterAccountEditor(&Editor, "G", false, true);
+    EXPECT_EQ(Editor.GetHint(), "A200") << "registering again keeps the account";
+    Editors.SetAccountLayoutAccount(&Editor, "H001");
+    EXPECT_EQ(Editor.GetHint(), "H001");
+    Editors.SetAccountLayoutAccount(&Editor, "NONE");
+    EXPECT_EQ(Editor.GetHint(), "H001");
+    Station->SetUser("norights");
+    EXPECT_EQ(Editor.GetHint(), "A200") << "the new user does not have the account";
+    Editors.RemoveAccountEditor(&Editor);
+    Editors.RemoveAccountEditor(&Editor);
+    EXPECT_FALSE(Editor.IsEnabled());
+    EXPECT_FALSE(Station->HasOwners());
+}
+
+TEST_F(TWorkstationTest, SymbolsAreConvertedToTheExchangesForm) {
+    Open();
+    auto& Editors = fw::TEditorManager::GetInstance();
+    const auto Stock = Editors.GetConvertSymbol("00005");
+    EXPECT_TRUE(Station->Market().FindProduct(Stock)) << Stock;
+    EXPECT_EQ(Editors.GetConvertSymbol(Stock), Stock);
+    EXPECT_EQ(Editors.GetConvertSymbol("00016"), "00016");
+    EXPECT_EQ(Editors.GetConvertSymbol("SPX   230217C04100000"), "SPX230217C04100000");
+}
+
+TEST_F(TWorkstationTest, PricesAreWrittenAsTheirSymbolIsQuoted) {
+    Open();
+    auto& Formatter = fw::TCustomFormatter::GetInstance();
+    const struct { const char* Why; double Value; int Kind; const char* Symbol; const char* Expected; } Cases[] = {
+        {"an index option has no decimals", 1234, 1, "HSI26400L6", "1,234"},
+        {"typed decimals are not hidden", 120.5, 1, "HSI26400L6", "120.5"},
+        {"a factor of 100", 4.0610, 1, "CPRZ26", "406.10"},
+        {"without a symbol", 26400, 1, "", "26,400.00"},
+        {"an unknown symbol", 1.5, 1, "NOBODY", "1.50"},
+        {"an amount", -12345.678, 3, "", "-12,345.68"},
+        {"no negative zero", -0.0001, 3, "", "0.00"},
+        {"a quantity", 2000000, 4, "", "2,000,000"},
+        {"part of a contract", 0.5, 4, "", "0.5"},
+    };
+    for (const auto& C : Cases) {
+        SCOPED_TRACE(C.Why);
+        EXPECT_EQ(Formatter.FormatValue(C.Value, static_cast<uint8_t>(C.Kind), C.Symbol), C.Expected);
+    }
+    EXPECT_EQ(Formatter.FormatPrice(25873.45678), "25,873.46");
+    EXPECT_EQ(Formatter.FormatPrice(1.23456789), "1.2346");
+}
+
+TEST_F(TWorkstationTest, LanguageAndSkinAreRemembered) {
+    Open();
+    Station->SetLanguage(kLanguageTraditional);
+    Station->SetSkin("Dark");
+    Open();
+    EXPECT_EQ(Station->Language().GetLanguage(), kLanguageTraditional);
+    EXPECT_EQ(Station->LookAndFeel().GetSkinName(), "Dark");
+    fw::Text Name;
+    Station->Language().GetResourceString(Name, "Currency", "HKD", 3, 0, nullptr);
+    EXPECT_NE(Name, "HKD");
+    Station->Language().GetResourceString(Name, "Currency", "XYZ", 3, 0, nullptr);
+    EXPECT_EQ(Name, "XYZ") << "an unknown key is its own text";
+}
+
+TEST_F(TWorkstationTest, ASkinBringsItsColours) {
+    Open();
+    auto& Config = Station->Config();
+    for (const char* Key : {"coPayOffAlertSeriesColor", "coPayOffInputRowBgColor"}) {
+        Station->SetSkin("Light");
+        EXPECT_NE(Config.ReadString(Station->LookAndFeel().GetSkinName(), Key), "");
+        const auto Light = Station->LookAndFeel().GetSkinColor(0, Key);
+        Station->SetSkin("Dark");
+        EXPECT_NE(Station->LookAndFeel().GetSkinColor(0, Key), Light);
+    }
+    EXPECT_EQ(Station->LookAndFeel().GetSkinColor(0, "no such key"), fw::kColorRed);
+    EXPECT_EQ(Config.ReadString("nowhere", "nothing"), "");
+    EXPECT_EQ(Config.ReadInteger("nowhere", "nothing"), 0);
+}
+
+TEST_F(TWorkstationTest, AnImportIsShownToEveryView) {
+    Open();
+    fw::TObject View;
+    int Reports = 0;
+    Station->Market().AddExchangeUpdateHandler([&](fw::TObject*, fw::TObject*) { ++Reports; }, &View);
+    auto& Early = Item("ABC230217C00100000");
+    Station->Subscriptions().Subscribe(&Early, [](fw::TObject*, fw::TObject*) {}, &View);
+    Station->Pump();
+    EXPECT_EQ(Early.GetState(), fw::kItemNoData);
+
+    const auto File = Folder / "chain.csv";
+    std::ofstream(File) << "\nAlpha Beta Index,Last: 101.5,Change: 0\n\"Date: February 3, 2023 at 11:24 PM EST\",Bid: 1,Ask: 2\n"
+                           "Expiration Date,Calls,Last Sale,Net,Bid,Ask,Volume,IV,Delta,Gamma,Open Interest,Strike,Puts,Last Sale,Net,Bid,Ask,"
+                           "Volume,IV,Delta,Gamma,Open Interest\n"
+                           "Fri Feb 17 2023,ABC230217C00100000,3,0,2.9,3.1,0,0,0,0,0,100.00,ABC230217P00100000,1.5,0,1.4,1.6,0,0,0,0,0\n";
+    const auto Report = Station->ImportChain(File, {}, false);
+    EXPECT_TRUE(Report.Applied);
+    EXPECT_EQ(Report.Changes.Products.size(), 2u);
+    EXPECT_EQ(Reports, 1);
+    Station->Pump();
+    EXPECT_EQ(Early.GetState(), fw::kItemReady) << "what was asked for is asked again";
+    EXPECT_EQ(Early.GetFieldValue(fw::kFieldMultiplier), 100.0);
+    EXPECT_EQ(Early.GetFieldValue(fw::kFieldReferencePrice), 3.0);
+    Station->Market().RemoveExchangeUpdateHandler(&View);
+    Station->Subscriptions().Unsubscribe(&Early, &View);
+
+    Station->ResetSample();
+    EXPECT_TRUE(Station->Market().FindProduct("ABC230217C00100000")) << "a reset keeps what was imported";
+}
+
+TEST_F(TWorkstationTest, AFileThatIsNoChainChangesNothing) {
+    Open();
+    const auto File = Folder / "letter.csv";
+    std::ofstream(File) << "Dear Sir,\n";
+    const int Exchanges = Station->Market().GetExchangeCount();
+    EXPECT_THROW(Station->ImportChain(File, {}, true), EMarketRefusal);
+    EXPECT_EQ(Station->Market().GetExchangeCount(), Exchanges);
+}
+
+TEST_F(TWorkstationTest, InMemoryNothingReachesTheFile) {
+    Open();
+    Station->SetLanguage(kLanguageSimplified);
+    Station.reset();
+    auto Copy = Options();
+    Copy.InMemory = true;
+    {
+        TWorkstation Other(Copy);
+        EXPECT_EQ(Other.Language().GetLanguage(), kLanguageSimplified);
+        Other.SetLanguage(kLanguageEnglish);
+    }
+    Open();
+    EXPECT_EQ(Station->Language().GetLanguage(), kLanguageSimplified);
+}
+
+TEST_F(TWorkstationTest, AStartAfterTheFirstExpiryRollsTheSampleForward) {
+    Open();
+    Station.reset();
+    fw::TClock::Fix(At(2027, 3, 2));
+    Open();
+    EXPECT_TRUE(std::any_of(Station->Notices().begin(), Station->Notices().end(), [](const auto& N) { return N.Key == "Res_SampleRolled"; }));
+    EXPECT_NE(Station->Store().CurrentSampleSymbol("HSIZ6"), "HSIZ6");
+    EXPECT_TRUE(Station->Market().FindProduct(Station->Store().CurrentSampleSymbol("HSIZ6")));
+}
+
+TEST_F(TWorkstationTest, PositionsComeWithTheirMarketData) {
+    Open();
+    fw::TPositionDictionary Positions;
+    fw::TCustomPositionAdapter::GetInstance().GetPositionList("A100", Positions);
+    ASSERT_TRUE(Positions.count("HSI27000L6"));
+    EXPECT_EQ(Positions["HSI27000L6"]->GetQty(), -3.0);
+    EXPECT_EQ(Positions["HSI27000L6"]->GetSubItem(), &Item("HSI27000L6"));
+    EXPECT_EQ(Positions["HSI27000L6"]->GetAvgPrice(), 352.0);
+}
+
+TEST_F(TWorkstationTest, OrderOptionsComeByExchange) {
+    Open();
+    auto& Orders = fw::TCustomOrderAdapter::GetInstance();
+    EXPECT_EQ(Orders.GetOrderOptionCount("XRUN"), 1);
+    EXPECT_EQ(Orders.GetOrderOption("XRUN", 0), "Close");
+    EXPECT_EQ(Orders.GetOrderOption("XRUN", 1), "");
+    EXPECT_EQ(Orders.GetOrderOptionCount("NOWHERE"), 0);
+    EXPECT_NE(Orders.CreateClientOrder()->GetLineId(), Orders.CreateClientOrder()->GetLineId());
+}
+
+}  // namespace ws
