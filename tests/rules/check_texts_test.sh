@@ -10,7 +10,7 @@ lines",兩行,两行'
 plant $table <<<"$head
 $good"
 plant view/A.cpp <<<'// "Res_OnlyInAComment"
-const char* A = "Res_Buy"; const char* B = "Res_Level_"; const char* C = "DC00000001";  // not "Res_Sold"
+const char* A = "Res_Buy"; auto B = "Res_Level_" + Name; const char* C = "DC00000001";  // not "Res_Sold"
 const char* D = "file://x"; int E = '\''"'\''; Hint("Res_Buy");
 label->setText(QString()); view->setText("%1"); box.setTitle(tr("Res_Buy")); spin.setText("-");'
 sound texts
