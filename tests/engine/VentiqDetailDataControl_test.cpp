@@ -95,6 +95,21 @@ TEST_F(TTableTest, ALongRunOfOneText) {
     EXPECT_EQ(Bits(Sum), Bits(RowPL(0)));
 }
 
+TEST_F(TTableTest, ALastRowMayShareItsTextWithTheRowBeforeIt) {
+    // The up limit lies 4e-9 beyond the last full step: a clamped row with the text of the step's own.
+    Control->ClearPayOffData();
+    Control->AddRecord("FUT", 0, 0, 1e9);
+    Calculate(0, 0.010000004, 0.001);
+    ASSERT_EQ(Detail.GetCount(), 12);
+    EXPECT_EQ(Detail.GetDataList().At(10), "0.01");
+    EXPECT_EQ(Detail.GetDataList().At(11), "0.01");
+    EXPECT_EQ(Bits(RowPL(10)), Bits(0.010000004 * 1e9));
+    EXPECT_EQ(Bits(RowPL(11)), Bits(0.010000004 * 1e9));
+    double Sum = 0.0;
+    ASSERT_TRUE(Detail.GetDataDictionary().TryGetValue("0.01", Sum));
+    EXPECT_EQ(Bits(Sum), Bits(0.010000004 * 1e9));
+}
+
 TEST_F(TTableTest, ADescendingRangeMayMeetTheUpLimitTwice) {
     // A clamped row, one within 1e-6 above the limit that stays, one just beside the limit: first and third share a
     // text.
