@@ -25,7 +25,9 @@ constexpr std::array<TMenuLevel, kMenuLevels> kMenu{{
 }};
 constexpr TMenuLevel kNoLevel{0, -1, ""};
 
-const TMenuLevel& LevelAt(int Level) { return Level >= 0 && Level < kMenuLevels ? kMenu[static_cast<size_t>(Level)] : kNoLevel; }
+const TMenuLevel& LevelAt(int Level) {
+    return Level >= 0 && Level < kMenuLevels ? kMenu[static_cast<size_t>(Level)] : kNoLevel;
+}
 
 TUnitCounter UnitCounter;
 

@@ -16,7 +16,8 @@ struct TButtonFace {
     const char* Hint;
 };
 
-constexpr TButtonFace kLess{0, "Res_Less"}, kMore{1, "Res_More"}, kShowHint{2, "Res_ShowHint"}, kHideHint{3, "Res_HideHint"};
+constexpr TButtonFace kLess{0, "Res_Less"}, kMore{1, "Res_More"}, kShowHint{2, "Res_ShowHint"},
+    kHideHint{3, "Res_HideHint"};
 
 void Show(TCaptionButton& Button, const TButtonFace& Face) {
     Button.ImageIndex = Face.ImageIndex;

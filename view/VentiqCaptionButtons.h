@@ -39,7 +39,7 @@ private:
     void Toggle(TCaptionButton& Button);
     TVentiqForm& FForm;
     TFrame& FView;
-    TCaptionButtonList* FList = nullptr;        // the three are kept by the process
+    TCaptionButtonList* FList = nullptr;  // the three are kept by the process
     TCaptionButton* FShowHideButton = nullptr;
     TCaptionButton* FHintButton = nullptr;
 };

@@ -30,13 +30,13 @@ TGridColumn& CreateColumn(TGridTableView& View, const TColumnInfo& Info, const T
 }
 
 void RetitleColumns(TGridTableView& View, const TColumnInfoList& Infos, Text (*CaptionOf)(const Text& Key)) {
-    View.BeginUpdate();
+    const TViewUpdate Update(View);
     for (int i = 0; i < View.GetColumnCount(); ++i) {
         auto* Column = View.GetColumn(i);
-        const auto Info = std::find_if(Infos.begin(), Infos.end(), [&](const auto& Entry) { return Entry->Id == Column->Tag; });
+        const auto Info =
+            std::find_if(Infos.begin(), Infos.end(), [&](const auto& Entry) { return Entry->Id == Column->Tag; });
         if (Info != Infos.end()) Column->SetCaption(CaptionOf((*Info)->CaptionKey));
     }
-    View.EndUpdate();
 }
 
 }  // namespace ventiq

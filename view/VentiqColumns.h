@@ -24,20 +24,54 @@ struct TColumnSpec {
 };
 
 inline constexpr std::array kPositionColumns{
-    TColumnSpec{.Id = kColSymbol, .Caption = "Res_Symbol", .Width = 100, .Editor = EColumnEditor::SymbolPopup, .Editable = true},
+    TColumnSpec{.Id = kColSymbol,
+                .Caption = "Res_Symbol",
+                .Width = 100,
+                .Editor = EColumnEditor::SymbolPopup,
+                .Editable = true},
     TColumnSpec{.Id = kColSide, .Caption = "Res_Side", .Width = 60, .Editor = EColumnEditor::PerRow, .Editable = true},
     TColumnSpec{.Id = kColCallPut, .Caption = "Res_CallPut", .Width = 60},
     TColumnSpec{.Id = kColExpiry, .Caption = "Res_ExpiryDate", .Width = 70},
     TColumnSpec{.Id = kColStrike, .Caption = "Res_StrikePrice", .Width = 100, .Numeric = true},
-    TColumnSpec{.Id = kColPremium, .Caption = "Res_PayOffPremium", .Width = 100, .Numeric = true, .Editor = EColumnEditor::Premium, .Editable = true},
-    TColumnSpec{.Id = kColQty, .Caption = "Res_OrderQty", .Width = 100, .Numeric = true, .Editor = EColumnEditor::Quantity, .Editable = true},
-    TColumnSpec{.Id = kColOpenClose, .Caption = "Res_OpenClose", .Width = 100, .Editor = EColumnEditor::OpenClose, .Editable = true},
-    TColumnSpec{.Id = kColPrincipal, .Caption = "Res_Principal", .Width = 100, .Editor = EColumnEditor::Principal, .Editable = true},
+    TColumnSpec{.Id = kColPremium,
+                .Caption = "Res_PayOffPremium",
+                .Width = 100,
+                .Numeric = true,
+                .Editor = EColumnEditor::Premium,
+                .Editable = true},
+    TColumnSpec{.Id = kColQty,
+                .Caption = "Res_OrderQty",
+                .Width = 100,
+                .Numeric = true,
+                .Editor = EColumnEditor::Quantity,
+                .Editable = true},
+    TColumnSpec{.Id = kColOpenClose,
+                .Caption = "Res_OpenClose",
+                .Width = 100,
+                .Editor = EColumnEditor::OpenClose,
+                .Editable = true},
+    TColumnSpec{.Id = kColPrincipal,
+                .Caption = "Res_Principal",
+                .Width = 100,
+                .Editor = EColumnEditor::Principal,
+                .Editable = true},
 };
 
 inline constexpr std::array kDetailColumns{
     TColumnSpec{.Id = kColPrice, .Caption = "Res_OrderPrice", .Width = 50, .Numeric = true},
     TColumnSpec{.Id = kColPL, .Caption = "Res_PL", .Width = 50, .Numeric = true},
+};
+
+// One update of a view for a scope; ends on errors too, so that the view never stays silent.
+class TViewUpdate {
+public:
+    explicit TViewUpdate(TGridTableView& View) : FView(View) { FView.BeginUpdate(); }
+    ~TViewUpdate() { FView.EndUpdate(); }
+    TViewUpdate(const TViewUpdate&) = delete;
+    TViewUpdate& operator=(const TViewUpdate&) = delete;
+
+private:
+    TGridTableView& FView;
 };
 
 // Appends one description a column.

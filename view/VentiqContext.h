@@ -11,8 +11,8 @@ namespace ventiq {
 // it is created late in construction and freed before the lists, so parts test it before every use.
 struct TVentiqContext {
     std::unique_ptr<TCustomVentiqDataControl> FMyDataControl;
-    Text FGroupID;               // link group of the view
-    TObject* FOwner = nullptr;   // the frame: the identity under which the host knows what the parts ask for
+    Text FGroupID;              // link group of the view
+    TObject* FOwner = nullptr;  // the frame: the identity under which the host knows what the parts ask for
 };
 
 }  // namespace ventiq

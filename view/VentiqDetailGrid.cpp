@@ -10,21 +10,23 @@ void TVentiqDetailGrid::InitializeGrid() {
     FColumnInfos = Keep(std::make_unique<TColumnInfoList>());
     FillColumnInfos(*FColumnInfos, kDetailColumns);
     auto& View = FForm.DetailGridView;
-    View.BeginUpdate();
+    const TViewUpdate Update(View);
     View.ClearColumns();
     for (const auto& Info : *FColumnInfos) {
         auto& Column = CreateColumn(View, *Info, GetResourceHeader(Info->CaptionKey));
         Column.Focusing = false;
         if (Info->RightAlignedText)
-            Column.OnGetDisplayText = [this](TGridColumn& Of, int Record, Text& Shown) { DetailGridColumnGetDisplayText(Of, Record, Shown); };
+            Column.OnGetDisplayText = [this](TGridColumn& Of, int Record, Text& Shown) {
+                DetailGridColumnGetDisplayText(Of, Record, Shown);
+            };
     }
-    View.EndUpdate();
 }
 
 void TVentiqDetailGrid::UpdateGridHeader() { RetitleColumns(FForm.DetailGridView, *FColumnInfos, GetResourceHeader); }
 
 void TVentiqDetailGrid::CreateDataSource() {
-    FDataSource = std::make_unique<TCustomGridDataSource>([] { return std::make_unique<TCustomVentiqDetailDataControl>(); });
+    FDataSource =
+        std::make_unique<TCustomGridDataSource>([] { return std::make_unique<TCustomVentiqDetailDataControl>(); });
     FDataControl = static_cast<TCustomVentiqDetailDataControl*>(FDataSource->GetDataControl());
     FForm.DetailGridView.SetCustomDataSource(FDataSource.get());
 }

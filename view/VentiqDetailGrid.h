@@ -25,9 +25,9 @@ public:
     void DetailGridColumnGetDisplayText(TGridColumn& Column, int Record, Text& Shown);
 
 private:
-    TVentiqForm& FForm;                                    // borrowed from the frame
-    TColumnInfoList* FColumnInfos = nullptr;               // kept by the process for good
-    std::unique_ptr<TCustomGridDataSource> FDataSource;    // owns the data control
+    TVentiqForm& FForm;                                  // borrowed from the frame
+    TColumnInfoList* FColumnInfos = nullptr;             // kept by the process for good
+    std::unique_ptr<TCustomGridDataSource> FDataSource;  // owns the data control
     TCustomVentiqDetailDataControl* FDataControl = nullptr;
 };
 

@@ -46,7 +46,7 @@ struct TVentiqForm {
     TcxComboBoxProperties epiSide;  // editor of the Side cells of input rows
     TStyle sInput;                  // background of input rows
     THintController HintController;
-    TImageList CaptionImages;       // 0 less, 1 more, 2 show hint, 3 hide hint
+    TImageList CaptionImages;  // 0 less, 1 more, 2 show hint, 3 hide hint
 
     TLayoutItem liExchange{&cmbExchange}, liSeries{&cmbSeries}, liExpiry{&cmbMonth}, liAccount{&edtAccount};
     TLayoutItem liLoad{&btnLoad}, liCalc{&btnCalc}, liClear{&btnClear}, liSubmit{&btnSubmit};

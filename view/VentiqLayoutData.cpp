@@ -8,7 +8,8 @@ namespace ventiq {
 
 void TVentiqLayoutData::AdjustLayout() {
     if (!TCustomConfigManager::GetInstance().GetKeepColumnLayout() || FPendingColumnLayout.empty()) return;
-    TEditorManager::GetInstance().SetGridColumnLayout(&FForm.PositionGridView, FPendingColumnLayout, FGrid.GetColumnInfos());
+    TEditorManager::GetInstance().SetGridColumnLayout(&FForm.PositionGridView, FPendingColumnLayout,
+                                                      FGrid.GetColumnInfos());
     FPendingColumnLayout.clear();
 }
 

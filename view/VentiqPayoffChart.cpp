@@ -28,7 +28,10 @@ void TVentiqPayoffChart::InitChart() {
     Chart.LeftAxis().PenVisible = false;
     Chart.BottomAxis().PenVisible = false;
     Chart.SetTitle(GetResourceHeader("Res_PL"));
-    Chart.Legend = {.TextStyle = kLegendTextStyle, .TitleAlignment = kLegendTitleAlignment, .SymbolsVisible = false, .LegendStyle = kLegendStyle};
+    Chart.Legend = {.TextStyle = kLegendTextStyle,
+                    .TitleAlignment = kLegendTitleAlignment,
+                    .SymbolsVisible = false,
+                    .LegendStyle = kLegendStyle};
     Chart.LeftAxis().AutomaticMaximum = false;
     Chart.LeftAxis().AutomaticMinimum = false;
     Chart.OnMouseMove = [this](TObject* Sender, int Shift, int X, int Y) { DataChartMouseMove(Sender, Shift, X, Y); };
@@ -111,9 +114,11 @@ void TVentiqPayoffChart::DataChartMouseMove(TObject* Sender, int, int X, int Y) 
     if (!Control || Control->GetCount() <= 0 || !FButtons.IsHintOn()) return;
     double Price = 0.0, PL = 0.0;
     // The limits that are applied, which a left editor may have moved since the line was drawn.
-    if (!FPLSeries->GetCursorValues(Price, PL) || Price > Control->GetUpLimit() || Price < Control->GetDownLimit()) return DataChartMouseLeave(Sender);
+    if (!FPLSeries->GetCursorValues(Price, PL) || Price > Control->GetUpLimit() || Price < Control->GetDownLimit())
+        return DataChartMouseLeave(Sender);
     auto& Formatter = TCustomFormatter::GetInstance();
-    const Text Hint = "X:" + Formatter.FormatPrice(Price, kFormatChartPrice, true) + "\r\nY:" + Formatter.FormatValue(PL, kFormatAmount, "", true, nullptr);
+    const Text Hint = "X:" + Formatter.FormatPrice(Price, kFormatChartPrice, true) +
+                      "\r\nY:" + Formatter.FormatValue(PL, kFormatAmount, "", true, nullptr);
     const TPoint Screen = FForm.DataChart.ClientToScreen({X, Y});
     FForm.HintController.ShowHint(Screen.X, Screen.Y, Hint, "", 0);
 }

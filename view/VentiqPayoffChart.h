@@ -12,13 +12,15 @@ namespace ventiq {
 // under the mouse.
 class TVentiqPayoffChart {
 public:
-    TVentiqPayoffChart(TVentiqForm& Form, TVentiqContext& Context, TVentiqConfig& Config, TVentiqCaptionButtons& Buttons)
+    TVentiqPayoffChart(TVentiqForm& Form, TVentiqContext& Context, TVentiqConfig& Config,
+                       TVentiqCaptionButtons& Buttons)
         : FForm(Form), FContext(Context), FConfig(Config), FButtons(Buttons) {}
 
     // Creates the two series. Once, after the configuration was read.
     void InitChart();
     void RefreshChart();
-    // "P/L(currency)" in the current language, without parentheses while nothing is calculated or no leg has a currency.
+    // "P/L(currency)" in the current language, without parentheses while nothing is calculated or no leg has a
+    // currency.
     void UpdateTitle();
     // Before InitChart there is no line to colour.
     void SetAlertColor(TColor Color);
@@ -37,7 +39,7 @@ private:
     void ScaleAxis();
     void ShowAlertLine(const TCustomVentiqDataControl& Control);
 
-    TVentiqForm& FForm;              // all borrowed from the frame
+    TVentiqForm& FForm;  // all borrowed from the frame
     TVentiqContext& FContext;
     TVentiqConfig& FConfig;
     TVentiqCaptionButtons& FButtons;

@@ -17,7 +17,8 @@ constexpr double kMaxQuantity = 2000000000.0;
 
 // Text that stands for the old one in the current language; null when the dictionary does not know the old text.
 Variant TranslatedFlag(const TFlagDictionary& Dictionary, const Text& Old) {
-    const auto It = std::find_if(Dictionary.begin(), Dictionary.end(), [&](const auto& Entry) { return Entry.second == Old; });
+    const auto It =
+        std::find_if(Dictionary.begin(), Dictionary.end(), [&](const auto& Entry) { return Entry.second == Old; });
     return It == Dictionary.end() ? Variant() : Variant(GetResourceHeader(It->first));
 }
 
@@ -27,15 +28,16 @@ void TVentiqPositionGrid::InitializeGrid() {
     FColumnInfos = Keep(std::make_unique<TColumnInfoList>());
     FillColumnInfos(*FColumnInfos, kPositionColumns);
     auto& View = FForm.PositionGridView;
-    View.BeginUpdate();
+    const TViewUpdate Update(View);
     View.ClearColumns();
     for (size_t i = 0; i < kPositionColumns.size(); ++i) BuildColumn(*(*FColumnInfos)[i], kPositionColumns[i].Editor);
-    View.EndUpdate();
 }
 
 void TVentiqPositionGrid::BuildColumn(const TColumnInfo& Info, EColumnEditor Editor) {
     auto& Column = CreateColumn(FForm.PositionGridView, Info, GetResourceHeader(Info.CaptionKey));
-    Column.OnGetDisplayText = [this](TGridColumn& Of, int Record, Text& Shown) { PositionGridColumnGetDisplayText(Of, Record, Shown); };
+    Column.OnGetDisplayText = [this](TGridColumn& Of, int Record, Text& Shown) {
+        PositionGridColumnGetDisplayText(Of, Record, Shown);
+    };
     switch (Editor) {
         case EColumnEditor::Plain: break;
         case EColumnEditor::SymbolPopup: SetUpSymbolEditor(Column); break;
@@ -81,7 +83,9 @@ void TVentiqPositionGrid::RequestSymbolPopup(TcxPopupEditProperties& Properties)
 void TVentiqPositionGrid::SetUpSideEditor(TGridColumn& Column) {
     FForm.epiSide.OnChange = OnSideChange;
     FForm.epiSide.OnPopup = OnSidePopup;
-    Column.OnGetProperties = [this](TGridColumn& Of, int Row, TcxEditProperties*& Properties) { PositionGridGetProperties(Of, Row, Properties); };
+    Column.OnGetProperties = [this](TGridColumn& Of, int Row, TcxEditProperties*& Properties) {
+        PositionGridGetProperties(Of, Row, Properties);
+    };
 }
 
 void TVentiqPositionGrid::SetUpSpinEditor(TGridColumn& Column, const TNotifyEvent& OnChange) {
@@ -110,18 +114,19 @@ TGridColumn* TVentiqPositionGrid::GetGridColumn(int Id) const {
     return nullptr;
 }
 
-void TVentiqPositionGrid::UpdateGridHeader() { RetitleColumns(FForm.PositionGridView, *FColumnInfos, GetResourceHeader); }
+void TVentiqPositionGrid::UpdateGridHeader() {
+    RetitleColumns(FForm.PositionGridView, *FColumnInfos, GetResourceHeader);
+}
 
 void TVentiqPositionGrid::UpdateGridContent() {
     auto& View = FForm.PositionGridView;
     auto& Data = View.GetDataController();
-    View.BeginUpdate();
+    const TViewUpdate Update(View);
     for (int Row = 0; Row < Data.GetRecordCount(); ++Row)
         for (int Index = 0; Index < View.GetColumnCount(); ++Index) {
             const Variant Translated = TranslatedCell(View.GetColumn(Index)->Tag, Data.GetValue(Row, Index));
             if (!Translated.IsNull()) Data.SetValue(Row, Index, Translated);
         }
-    View.EndUpdate();
 }
 
 // Null: the cell stays as it is.
@@ -150,7 +155,8 @@ Variant TVentiqPositionGrid::GetCell(int Record, int Id) const {
 }
 
 void TVentiqPositionGrid::SetCell(int Record, int Id, const Variant& Value) {
-    if (const auto* Column = GetGridColumn(Id)) FForm.PositionGridView.GetDataController().SetValue(Record, Column->GetIndex(), Value);
+    if (const auto* Column = GetGridColumn(Id))
+        FForm.PositionGridView.GetDataController().SetValue(Record, Column->GetIndex(), Value);
 }
 
 Text TVentiqPositionGrid::GetSymbol(int Record) const { return Trim(GetCell(Record, kColSymbol).AsText()); }
@@ -200,7 +206,8 @@ void TVentiqPositionGrid::PositionGridColumnGetDisplayText(TGridColumn& Column, 
     const Text Symbol = GetSymbol(Record);
     // Deliberate: the cell holds display units and the formatter takes real ones, which it writes as the symbol is
     // quoted. A strike comes in real units from the instrument and goes to the formatter as it is.
-    Shown = Formatter.FormatValue(Id == kColPremium ? GetRealPriceValue(Value, Symbol) : Value, kFormatPrice, Symbol, true, nullptr);
+    Shown = Formatter.FormatValue(Id == kColPremium ? GetRealPriceValue(Value, Symbol) : Value, kFormatPrice, Symbol,
+                                  true, nullptr);
 }
 
 TStyle* TVentiqPositionGrid::PositionGridViewStylesGetContentStyle(int Row, TGridColumn&) {

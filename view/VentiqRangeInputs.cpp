@@ -50,7 +50,8 @@ void TVentiqRangeInputs::btnCalcClick(TObject*) {
     if (!Control) return;
     const double Down = FForm.edtDown.GetFloat(), Up = FForm.edtUp.GetFloat(), Interval = FForm.edtInterval.GetFloat();
     if (Down - Up > -kPriceTolerance || Interval < kPriceTolerance) {
-        TCustomMessageBoxCtrl::GetInstance().ShowMessageText(nullptr, GetResourceHeader("Res_CalculateInputInvalid"), 0, 0, 0);
+        TCustomMessageBoxCtrl::GetInstance().ShowMessageText(nullptr, GetResourceHeader("Res_CalculateInputInvalid"), 0,
+                                                             0, 0);
         return;
     }
     Control->SetInterval(Interval);

@@ -8,7 +8,8 @@ namespace ventiq {
 // Calculate, and the editors of the price range. Prices of the range are real ones, as the editors show them.
 class TVentiqRangeInputs {
 public:
-    TVentiqRangeInputs(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid) : FForm(Form), FContext(Context), FGrid(Grid) {}
+    TVentiqRangeInputs(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid)
+        : FForm(Form), FContext(Context), FGrid(Grid) {}
 
     // Formats and bounds of the editors.
     void InitEditors();
@@ -32,7 +33,7 @@ public:
 private:
     void AddLegs(TCustomVentiqDataControl& Control);
 
-    TVentiqForm& FForm;        // all borrowed from the frame
+    TVentiqForm& FForm;  // all borrowed from the frame
     TVentiqContext& FContext;
     TVentiqPositionGrid& FGrid;
 };

@@ -30,7 +30,9 @@ Text GetTagText(const Text& Tag, const Text& Key) {
 
 Text GetResourceHeader(const Text& Key) { return Key.empty() ? Text() : GetTagText(Const::ResourceStringTag, Key); }
 
-Text ExchangeItemText(const Text& Exchange) { return FormatText(kCodeAndText, {Exchange, GetTagText(kTagExchange, Exchange)}); }
+Text ExchangeItemText(const Text& Exchange) {
+    return FormatText(kCodeAndText, {Exchange, GetTagText(kTagExchange, Exchange)});
+}
 
 Text SeriesItemText(const Text& Series) {
     const auto* Record = TCustomMarketAdapter::GetInstance().GetSeriesInfo(Series);
@@ -58,6 +60,8 @@ void TVentiqTexts::UpdateCallPut() {
     FPutRes = GetResourceHeader("Res_Put");
 }
 
-void TVentiqTexts::UpdateSideItems() { FForm.epiSide.Items = {GetResourceHeader("Res_Side_Buy"), GetResourceHeader("Res_Side_Sell")}; }
+void TVentiqTexts::UpdateSideItems() {
+    FForm.epiSide.Items = {GetResourceHeader("Res_Side_Buy"), GetResourceHeader("Res_Side_Sell")};
+}
 
 }  // namespace ventiq

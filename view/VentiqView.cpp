@@ -79,14 +79,20 @@ void TVentiqFrame::WireSelectors() {
 
 void TVentiqFrame::WirePositionGrid() {
     auto& View = FForm.PositionGridView;
-    View.OnEditing = [this](TGridTableView& Of, TGridColumn& Column, bool& Allow) { FCellEditing.PositionGridViewEditing(Of, Column, Allow); };
-    View.OnGetContentStyle = [this](int Row, TGridColumn& Column) { return FPositionGrid.PositionGridViewStylesGetContentStyle(Row, Column); };
+    View.OnEditing = [this](TGridTableView& Of, TGridColumn& Column, bool& Allow) {
+        FCellEditing.PositionGridViewEditing(Of, Column, Allow);
+    };
+    View.OnGetContentStyle = [this](int Row, TGridColumn& Column) {
+        return FPositionGrid.PositionGridViewStylesGetContentStyle(Row, Column);
+    };
     FPositionGrid.OnSideChange = [this](TObject* Sender) { FCellEditing.epiSidePropertiesChange(Sender); };
     FPositionGrid.OnSidePopup = [this](TObject* Sender) { FCellEditing.epiSidePropertiesPopup(Sender); };
     FPositionGrid.OnSymbolValidate = [this](TObject* Sender, Variant& Value, Text& ErrorText, bool& Error) {
         FSymbolEntry.SymbolOnValidate(Sender, Value, ErrorText, Error);
     };
-    FPositionGrid.OnSelectSymbol = [this](TObject* Sender, TObject* Data) { FSymbolEntry.HandleSelectSymbol(Sender, Data); };
+    FPositionGrid.OnSelectSymbol = [this](TObject* Sender, TObject* Data) {
+        FSymbolEntry.HandleSelectSymbol(Sender, Data);
+    };
     FPositionGrid.OnOpenCloseChange = [this](TObject* Sender) { FCellEditing.OpenCloseChange(Sender); };
     FPositionGrid.OnPrincipalChange = [this](TObject* Sender) { FCellEditing.PrincipalChange(Sender); };
 }
@@ -99,7 +105,9 @@ void TVentiqFrame::WireRangeInputs() {
     FForm.edtInterval.OnExit = [this](TObject* Sender) { FRangeInputs.edtIntervalExit(Sender); };
     FForm.edtDown.OnKeyPress = [this](TObject* Sender, char& Key) { FRangeInputs.edtDownKeyPress(Sender, Key); };
     FForm.edtUp.OnKeyPress = [this](TObject* Sender, char& Key) { FRangeInputs.edtUpKeyPress(Sender, Key); };
-    FForm.edtInterval.OnKeyPress = [this](TObject* Sender, char& Key) { FRangeInputs.edtIntervalKeyPress(Sender, Key); };
+    FForm.edtInterval.OnKeyPress = [this](TObject* Sender, char& Key) {
+        FRangeInputs.edtIntervalKeyPress(Sender, Key);
+    };
 }
 
 void TVentiqFrame::CreateDataControl() {
@@ -118,12 +126,16 @@ void TVentiqFrame::FollowLookAndFeel() {
 }
 
 void TVentiqFrame::FollowHost() {
-    TCustomTimerControl::GetInstance().AddTimerEvent(this, [this](TObject* Sender) { FPositionGrid.TimerEvent(Sender); });
+    TCustomTimerControl::GetInstance().AddTimerEvent(this,
+                                                     [this](TObject* Sender) { FPositionGrid.TimerEvent(Sender); });
     TCustomConfigManager::GetInstance().AddConfigUpdateEvent(
         [this](TObject* Sender, TObject* Data) { FConfig.ConfigUpdate(Sender, Data); }, this);
     auto& Channels = TCustomGlobalChannelManager::GetInstance();
-    Channels.Subscribe(kChannelLayoutLoaded, [this](TObject* Sender, TObject* Data) { FLayoutData.LoadLayoutComp(Sender, Data); }, this);
-    Channels.Subscribe(kChannelMainFormShow, [this](TObject* Sender, TObject* Data) { FLayoutData.MainFormShow(Sender, Data); }, this);
+    Channels.Subscribe(
+        kChannelLayoutLoaded, [this](TObject* Sender, TObject* Data) { FLayoutData.LoadLayoutComp(Sender, Data); },
+        this);
+    Channels.Subscribe(
+        kChannelMainFormShow, [this](TObject* Sender, TObject* Data) { FLayoutData.MainFormShow(Sender, Data); }, this);
 }
 
 bool TVentiqFrame::SetLanguage(int) {

@@ -6,6 +6,7 @@
 
 #include "framework/base/ClassRegistry.h"
 #include "framework/base/Package.h"
+#include "framework/controls/ComboBox.h"
 #include "framework/view/BaseView.h"
 #include "tests/support/FakeHost.h"
 

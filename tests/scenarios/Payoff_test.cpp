@@ -28,13 +28,17 @@ protected:
         Host.Market.AddOptions("HKFE", "HSI", "HSI", "2026/12/30", {"100", "110", "120"});
         Host.Market.AddOptions("HKFE", "HSI", "HSJ", "2027/01/28", {"100", "110"});
         Host.Market.AddSeries("HKFE", "HHI");
-        const std::pair<const char*, const char*> Texts[] = {
-            {"Res_Side_Buy", "Buy"}, {"Res_Side_Sell", "Sell"}, {"Res_Call", "Call"}, {"Res_Put", "Put"}, {"Res_PL", "P/L"}};
+        const std::pair<const char*, const char*> Texts[] = {{"Res_Side_Buy", "Buy"},
+                                                             {"Res_Side_Sell", "Sell"},
+                                                             {"Res_Call", "Call"},
+                                                             {"Res_Put", "Put"},
+                                                             {"Res_PL", "P/L"}};
         for (const auto& [Key, Value] : Texts) {
             Host.Language.SetText(Key, Value);
             Host.Language.SetText(1, Const::ResourceStringTag, Key, Text(Value) + "*");
         }
-        for (const int Language : {0, 1}) Host.Language.SetText(Language, kTagCurrency, "HKD", Language ? "HKD*" : "Dollar");
+        for (const int Language : {0, 1})
+            Host.Language.SetText(Language, kTagCurrency, "HKD", Language ? "HKD*" : "Dollar");
         Handle = Descriptor.OpenNewInstance();
     }
     ~Payoff() override { Descriptor.CloseInstance(Handle); }
@@ -85,7 +89,9 @@ protected:
         }
     }
     void DataOf(const Text& Symbol, double Strike, const char* Type) {
-        Host.Subscriptions.AddOption(Symbol, Strike, Type, 50).Set(kFieldCurrency, "HKD").Set(kFieldReferencePrice, 7.5);
+        Host.Subscriptions.AddOption(Symbol, Strike, Type, 50)
+            .Set(kFieldCurrency, "HKD")
+            .Set(kFieldReferencePrice, 7.5);
     }
     void AllData() {
         for (const int Strike : {100, 110, 120})

@@ -29,7 +29,8 @@ protected:
         Host.Language.SetText(0, kTagCurrency, "HKD", "Dollar");
         for (const int Strike : {100, 110, 120})
             for (const char* Type : {"C", "P"})
-                Host.Subscriptions.AddOption("HSI" + Text(Type) + std::to_string(Strike), Strike, Type).Set(kFieldCurrency, "HKD");
+                Host.Subscriptions.AddOption("HSI" + Text(Type) + std::to_string(Strike), Strike, Type)
+                    .Set(kFieldCurrency, "HKD");
         Host.Subscriptions.AddFuture("HSIZ6").Set(kFieldCurrency, "HKD");
 
         Range.InitEditors();

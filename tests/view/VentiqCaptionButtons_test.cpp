@@ -19,7 +19,8 @@ protected:
     TFrame View;
     std::optional<TVentiqCaptionButtons> Part;
     std::vector<std::pair<TFrame*, int>> Notified;
-    TConnection Link = Baseview::Notifications().Connect([this](TFrame* V, int Code) { Notified.emplace_back(V, Code); });
+    TConnection Link =
+        Baseview::Notifications().Connect([this](TFrame* V, int Code) { Notified.emplace_back(V, Code); });
 
     CaptionButtons() {
         Part.emplace(Form, View);

@@ -18,8 +18,9 @@ TEST_F(Config, TheScaleIsServedByTheNextStepUp) {
     const struct {
         const char* Configured;
         int Step, FontSize;
-    } Cases[] = {{"-5", 100, 8},  {"0", 100, 8},    {"100", 100, 8},  {"101", 115, 10}, {"115", 115, 10},   {"116", 125, 11},
-                 {"125", 125, 11}, {"126", 135, 12}, {"135", 135, 12}, {"136", 150, 13}, {"2147483647", 150, 13}};
+    } Cases[] = {{"-5", 100, 8},   {"0", 100, 8},    {"100", 100, 8},        {"101", 115, 10},
+                 {"115", 115, 10}, {"116", 125, 11}, {"125", 125, 11},       {"126", 135, 12},
+                 {"135", 135, 12}, {"136", 150, 13}, {"2147483647", 150, 13}};
     for (const auto& Case : Cases) {
         SCOPED_TRACE(Case.Configured);
         Host.Config.Set("OMS_TRADEPLATFORM", "ScaleSize", Case.Configured);

@@ -21,9 +21,10 @@ TEST(Form, ShowsEveryControlOnce) {
     TVentiqForm Form;
     std::set<const TControl*> Shown;
     Collect(Form.RootGroup, Shown);
-    EXPECT_EQ(Shown, (std::set<const TControl*>{&Form.cmbExchange, &Form.cmbSeries, &Form.cmbMonth, &Form.edtAccount, &Form.btnLoad,
-                                                &Form.PositionGrid, &Form.edtDown, &Form.edtUp, &Form.edtInterval, &Form.btnCalc,
-                                                &Form.btnClear, &Form.btnSubmit, &Form.DataChart, &Form.DetailGrid}));
+    EXPECT_EQ(Shown, (std::set<const TControl*>{&Form.cmbExchange, &Form.cmbSeries, &Form.cmbMonth, &Form.edtAccount,
+                                                &Form.btnLoad, &Form.PositionGrid, &Form.edtDown, &Form.edtUp,
+                                                &Form.edtInterval, &Form.btnCalc, &Form.btnClear, &Form.btnSubmit,
+                                                &Form.DataChart, &Form.DetailGrid}));
 }
 
 TEST(Form, NamesEveryControlOfTheForm) {
@@ -31,12 +32,23 @@ TEST(Form, NamesEveryControlOfTheForm) {
     TVentiqForm Form;
     Form.Attach(Controls);
     const std::pair<const char*, TControl*> Names[] = {
-        {"cmbExchange", &Form.cmbExchange}, {"cmbSeries", &Form.cmbSeries},   {"cmbMonth", &Form.cmbMonth},
-        {"edtAccount", &Form.edtAccount},   {"btnLoad", &Form.btnLoad},       {"btnCalc", &Form.btnCalc},
-        {"btnClear", &Form.btnClear},       {"btnSubmit", &Form.btnSubmit},   {"edtDown", &Form.edtDown},
-        {"edtUp", &Form.edtUp},             {"edtInterval", &Form.edtInterval}, {"PositionGridView", &Form.PositionGridView},
-        {"DetailGridView", &Form.DetailGridView}, {"DataChart", &Form.DataChart}, {"liExchange", &Form.liExchange},
-        {"PositionGroup", &Form.PositionGroup},   {"liDetailGrid", &Form.liDetailGrid},
+        {"cmbExchange", &Form.cmbExchange},
+        {"cmbSeries", &Form.cmbSeries},
+        {"cmbMonth", &Form.cmbMonth},
+        {"edtAccount", &Form.edtAccount},
+        {"btnLoad", &Form.btnLoad},
+        {"btnCalc", &Form.btnCalc},
+        {"btnClear", &Form.btnClear},
+        {"btnSubmit", &Form.btnSubmit},
+        {"edtDown", &Form.edtDown},
+        {"edtUp", &Form.edtUp},
+        {"edtInterval", &Form.edtInterval},
+        {"PositionGridView", &Form.PositionGridView},
+        {"DetailGridView", &Form.DetailGridView},
+        {"DataChart", &Form.DataChart},
+        {"liExchange", &Form.liExchange},
+        {"PositionGroup", &Form.PositionGroup},
+        {"liDetailGrid", &Form.liDetailGrid},
     };
     for (const auto& [Name, Control] : Names) EXPECT_EQ(Controls.Find(Name), Control) << Name;
     for (const auto* Control : Controls.Controls()) EXPECT_FALSE(Control->GetName().empty());

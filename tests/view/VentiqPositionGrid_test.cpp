@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/VentiqPositionGrid.h"
 
+#include <stdexcept>
+
 #include "framework/base/KeepList.h"
 #include "framework/services/GlobalChannelManager.h"
 #include "tests/view/PartsFixture.h"
@@ -36,9 +38,11 @@ TEST_F(PositionGrid, HasItsNineColumnsInOrder) {
         int Width;
         bool Numeric, Editable;
     } Expected[] = {
-        {0, "Res_Symbol", 100, false, true},      {11, "Res_Side", 60, false, true},         {28, "Res_CallPut", 60, false, false},
-        {29, "Res_ExpiryDate", 70, false, false}, {27, "Res_StrikePrice", 100, true, false}, {103, "Res_PayOffPremium", 100, true, true},
-        {4, "Res_OrderQty", 100, true, true},     {12, "Res_OpenClose", 100, false, true},   {46, "Res_Principal", 100, false, true},
+        {0, "Res_Symbol", 100, false, true},       {11, "Res_Side", 60, false, true},
+        {28, "Res_CallPut", 60, false, false},     {29, "Res_ExpiryDate", 70, false, false},
+        {27, "Res_StrikePrice", 100, true, false}, {103, "Res_PayOffPremium", 100, true, true},
+        {4, "Res_OrderQty", 100, true, true},      {12, "Res_OpenClose", 100, false, true},
+        {46, "Res_Principal", 100, false, true},
     };
     ASSERT_EQ(View().GetColumnCount(), 9);
     ASSERT_EQ(Grid.GetColumnInfos()->size(), 9u);
@@ -111,7 +115,8 @@ TEST_F(PositionGrid, TheSideIsChosenFromTheListInInputRowsOnly) {
 TEST_F(PositionGrid, TheViewIsAPlainTypingTable) {
     const auto& Options = View().Options;
     EXPECT_FALSE(Options.Deleting || Options.InvertSelection || Options.GroupByBox);
-    EXPECT_TRUE(Options.CellHints && Options.HideSelection && Options.CellEndEllipsis && Options.HeaderEndEllipsis && Options.ColumnAutoWidth);
+    EXPECT_TRUE(Options.CellHints && Options.HideSelection && Options.CellEndEllipsis && Options.HeaderEndEllipsis &&
+                Options.ColumnAutoWidth);
     EXPECT_EQ(Options.NoDataText, " ");
 }
 
@@ -137,8 +142,10 @@ TEST_F(PositionGrid, NewCaptionsReachEveryColumn) {
 TEST_F(PositionGrid, ARowGetsTheInputColourAsSoonAsAnyCellHasContent) {
     EXPECT_EQ(StyleOf(0), nullptr);
     Grid.SetCell(0, kColSymbol, "HSIC100");
-    for (int i = 0; i < View().GetColumnCount(); ++i) EXPECT_EQ(View().GetCellStyle(0, i), nullptr) << "no style event is wired here";
-    for (int i = 0; i < View().GetColumnCount(); ++i) EXPECT_EQ(Grid.PositionGridViewStylesGetContentStyle(0, *View().GetColumn(i)), &Form.sInput);
+    for (int i = 0; i < View().GetColumnCount(); ++i)
+        EXPECT_EQ(View().GetCellStyle(0, i), nullptr) << "no style event is wired here";
+    for (int i = 0; i < View().GetColumnCount(); ++i)
+        EXPECT_EQ(Grid.PositionGridViewStylesGetContentStyle(0, *View().GetColumn(i)), &Form.sInput);
     Grid.SetCell(0, kColSymbol, "");
     EXPECT_EQ(StyleOf(0), nullptr);
     Grid.SetCell(0, kColSymbol, " ");
@@ -167,15 +174,16 @@ TEST_F(PositionGrid, NumbersAreShownByTheHostsFormatter) {
     EXPECT_EQ(View().GetCellText(0, ColumnIndex(kColPremium)), "1:1.2345");
     EXPECT_EQ(View().GetCellText(0, ColumnIndex(kColStrike)), "1:100");
     EXPECT_EQ(View().GetCellText(0, ColumnIndex(kColQty)), "4:3");
-    EXPECT_EQ(Host.Formatter.Calls,
-              (std::vector<support::TFakeFormatter::TCall>{{1.2345, 1, "HSIC100", true}, {100, 1, "HSIC100", true}, {3, 4, "", true}}));
+    EXPECT_EQ(Host.Formatter.Calls, (std::vector<support::TFakeFormatter::TCall>{
+                                        {1.2345, 1, "HSIC100", true}, {100, 1, "HSIC100", true}, {3, 4, "", true}}));
 }
 
 TEST_F(PositionGrid, AZeroPremiumIsShownAndAMissingOneIsBlank) {
     Grid.SetCell(0, kColPremium, 0.0);
     EXPECT_EQ(View().GetCellText(0, ColumnIndex(kColPremium)), "1:0");
     Grid.SetCell(0, kColPremium, Variant());
-    for (const int Id : {kColPremium, kColStrike, kColQty, kColSymbol, kColExpiry}) EXPECT_EQ(View().GetCellText(0, ColumnIndex(Id)), "");
+    for (const int Id : {kColPremium, kColStrike, kColQty, kColSymbol, kColExpiry})
+        EXPECT_EQ(View().GetCellText(0, ColumnIndex(Id)), "");
     Grid.SetCell(0, kColExpiry, "2026/12/30");
     EXPECT_EQ(View().GetCellText(0, ColumnIndex(kColExpiry)), "2026/12/30");
 }
@@ -183,14 +191,16 @@ TEST_F(PositionGrid, AZeroPremiumIsShownAndAMissingOneIsBlank) {
 TEST_F(PositionGrid, ALanguageSwitchRewritesTheTextsThatItTranslatedAndNoOthers) {
     Grid.SetRecordCount(3);
     Grid.FirstInputRow = 1;
-    const std::pair<int, const char*> Before[] = {{kColSide, " Sell "}, {kColCallPut, "Put"}, {kColOpenClose, "Close"}, {kColPrincipal, "House"},
-                                                  {kColSymbol, "Buy"},  {kColExpiry, "Call"}};
+    const std::pair<int, const char*> Before[] = {{kColSide, " Sell "},     {kColCallPut, "Put"},
+                                                  {kColOpenClose, "Close"}, {kColPrincipal, "House"},
+                                                  {kColSymbol, "Buy"},      {kColExpiry, "Call"}};
     for (const auto& [Id, Value] : Before) Grid.SetCell(0, Id, Value);
     Grid.SetCell(0, kColQty, 7);
     Grid.SetCell(1, kColSide, "Buy");
     Grid.SetCell(1, kColCallPut, "Call");
     Grid.SetCell(1, kColOpenClose, "Else");
-    for (const char* Key : {"Res_Side_Buy", "Res_Side_Sell", "Res_Call", "Res_Put", "Res_OrderClose", "Res_Principal_H"})
+    for (const char* Key :
+         {"Res_Side_Buy", "Res_Side_Sell", "Res_Call", "Res_Put", "Res_OrderClose", "Res_Principal_H"})
         Host.Language.SetText(Key, "new " + Text(Key));
 
     Grid.UpdateGridContent();
@@ -204,7 +214,22 @@ TEST_F(PositionGrid, ALanguageSwitchRewritesTheTextsThatItTranslatedAndNoOthers)
     EXPECT_EQ(Grid.GetCell(1, kColSide), Variant("new Res_Side_Buy"));
     EXPECT_EQ(Grid.GetCell(1, kColCallPut), Variant("new Res_Call"));
     EXPECT_EQ(Grid.GetCell(1, kColOpenClose), Variant("Else"));
-    for (const int Id : {kColSide, kColCallPut, kColOpenClose, kColPrincipal}) EXPECT_TRUE(Grid.GetCell(2, Id).IsNull());
+    for (const int Id : {kColSide, kColCallPut, kColOpenClose, kColPrincipal})
+        EXPECT_TRUE(Grid.GetCell(2, Id).IsNull());
+}
+
+// A lookup that raises in the middle of a rewrite must not leave the view in an update that nobody ends.
+TEST_F(PositionGrid, AFailingLookupLeavesTheViewAwake) {
+    Grid.SetCell(0, kColSide, "Buy");
+    int Told = 0;
+    const auto Link = View().OnColumnsChanged.Connect([&] { ++Told; });
+    Host.Journal.OnLine = [](const Text&) { throw std::runtime_error("no texts"); };
+    EXPECT_THROW(Grid.UpdateGridHeader(), std::runtime_error);
+    EXPECT_THROW(Grid.UpdateGridContent(), std::runtime_error);
+    Host.Journal.OnLine = nullptr;
+    Told = 0;
+    View().GetColumn(0)->SetCaption("anew");
+    EXPECT_EQ(Told, 1);
 }
 
 TEST_F(PositionGrid, BeforeTheFirstLanguageThereIsNothingToRewrite) {
@@ -308,7 +333,9 @@ protected:
         });
     }
     void Catch(TVentiqPositionGrid& Part) {
-        Part.OnSelectSymbol = [this](TObject*, TObject* Data) { Chosen.push_back(dynamic_cast<TCustomMarketData&>(*Data).GetSymbol()); };
+        Part.OnSelectSymbol = [this](TObject*, TObject* Data) {
+            Chosen.push_back(dynamic_cast<TCustomMarketData&>(*Data).GetSymbol());
+        };
     }
 };
 

@@ -85,7 +85,8 @@ TEST_F(RangeInputs, ARowWithASymbolAndNoSideIsNoLegAndTheResultIsEmpty) {
 }
 
 TEST_F(RangeInputs, OnlyTheExactSideTextsMakeALeg) {
-    const std::pair<const char*, int> Cases[] = {{"Buy", 0}, {"Sell", 1}, {"buy", -1}, {" Buy", -1}, {"", -1}, {"Hold", -1}};
+    const std::pair<const char*, int> Cases[] = {{"Buy", 0},   {"Sell", 1}, {"buy", -1},
+                                                 {" Buy", -1}, {"", -1},    {"Hold", -1}};
     for (const auto& [Shown, Side] : Cases) {
         SCOPED_TRACE(Shown);
         Grid.SetRecordCount(1);

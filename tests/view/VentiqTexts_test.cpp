@@ -47,10 +47,12 @@ TEST_F(Texts, CaptionsComeFromTheirKeys) {
     Form.edtAccount.SetHint("ACC1");
     Part.UpdateCaptions();
     const std::pair<Text, Text> Captions[] = {
-        {Form.liExchange.GetCaption(), "Res_Exchange"}, {Form.liSeries.GetCaption(), "Res_Series"},   {Form.liExpiry.GetCaption(), "Res_Month"},
-        {Form.liAccount.GetCaption(), "Res_Account"},   {Form.edtAccount.GetPlaceholder(), "Res_Account"}, {Form.btnLoad.GetCaption(), "Res_Load"},
-        {Form.btnCalc.GetCaption(), "Res_Calculate"},   {Form.btnClear.GetCaption(), "Res_Clear"},    {Form.btnSubmit.GetCaption(), "Res_Submit"},
-        {Form.liDown.GetCaption(), "Res_DownPrice"},    {Form.liUp.GetCaption(), "Res_UpPrice"},      {Form.liInterval.GetCaption(), "Res_Interval"},
+        {Form.liExchange.GetCaption(), "Res_Exchange"},    {Form.liSeries.GetCaption(), "Res_Series"},
+        {Form.liExpiry.GetCaption(), "Res_Month"},         {Form.liAccount.GetCaption(), "Res_Account"},
+        {Form.edtAccount.GetPlaceholder(), "Res_Account"}, {Form.btnLoad.GetCaption(), "Res_Load"},
+        {Form.btnCalc.GetCaption(), "Res_Calculate"},      {Form.btnClear.GetCaption(), "Res_Clear"},
+        {Form.btnSubmit.GetCaption(), "Res_Submit"},       {Form.liDown.GetCaption(), "Res_DownPrice"},
+        {Form.liUp.GetCaption(), "Res_UpPrice"},           {Form.liInterval.GetCaption(), "Res_Interval"},
     };
     for (const auto& [Shown, Key] : Captions) EXPECT_EQ(Shown, Key);
     EXPECT_EQ(Form.edtAccount.GetHint(), "ACC1");

@@ -26,7 +26,8 @@ protected:
         Host.Market.AddSeries("HKFE", "HHI");
         for (const char* Strike : {"100", "110", "120"})
             for (const char* Type : {"C", "P"})
-                Host.Subscriptions.AddOption("HSI" + Text(Type) + Strike, *TextToFloat(Strike), Type).Set(kFieldCurrency, "HKD");
+                Host.Subscriptions.AddOption("HSI" + Text(Type) + Strike, *TextToFloat(Strike), Type)
+                    .Set(kFieldCurrency, "HKD");
         Host.Language.SetText(0, kTagCurrency, "HKD", "Dollar");
     }
 
@@ -35,7 +36,9 @@ protected:
         return *View->FindControl<T>(Name);
     }
     TGridTableView& Positions() { return Find<TGridTableView>("PositionGridView"); }
-    void Put(int Row, int Column, const Variant& Value) { Positions().GetDataController().SetValue(Row, Column, Value); }
+    void Put(int Row, int Column, const Variant& Value) {
+        Positions().GetDataController().SetValue(Row, Column, Value);
+    }
     Variant Cell(int Row, int Column) { return Positions().GetDataController().GetValue(Row, Column); }
     int Accounts() const { return Host.Journal.Count("Editors.RegisterAccountEditor(, false, true)"); }
 };
@@ -193,7 +196,8 @@ TEST_F(Frame, TranslatesIntoTheCurrentLanguageWhateverItIsTold) {
     Put(0, 1, "Res_Side_Sell");
     Put(0, 2, "Res_Put");
     const Text Hint = (*View->GetViewCaptionButtons())[0]->Hint;
-    for (const char* Key : {"Res_Calculate", "Res_Side_Sell", "Res_Put", "Res_PL", "Res_Less", "Res_More", "Res_OrderPrice", "Res_Symbol"})
+    for (const char* Key : {"Res_Calculate", "Res_Side_Sell", "Res_Put", "Res_PL", "Res_Less", "Res_More",
+                            "Res_OrderPrice", "Res_Symbol"})
         Host.Language.SetText(3, Const::ResourceStringTag, Key, "3 " + Text(Key));
     Host.Language.SetText(3, kTagExchange, "HKFE", "Futures");
 
@@ -276,7 +280,8 @@ TEST_F(Frame, ARowWhoseSymbolIsClearedGoesWithTheNextTick) {
 TEST_F(Frame, TheDetailTableGoesBeforeTheLegs) {
     View.emplace();
     std::vector<Text> Order;
-    const auto Link = Find<TGridTableView>("DetailGridView").OnRecordsChanged.Connect([&] { Order.emplace_back("table"); });
+    const auto Link =
+        Find<TGridTableView>("DetailGridView").OnRecordsChanged.Connect([&] { Order.emplace_back("table"); });
     Host.Journal.OnLine = [&](const Text& Line) {
         if (Line.starts_with("Market.RemoveExchangeUpdateHandler")) Order.emplace_back("legs");
     };
