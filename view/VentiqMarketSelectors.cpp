@@ -21,16 +21,25 @@ int IndexOrFirst(const TStringList& Codes, const Text& Target) {
     return Target.empty() ? 0 : std::max(0, Codes.IndexOf(Target));
 }
 
+// Texts first: a lookup that raises must not leave the combo in the middle of an update.
+std::vector<Text> ItemTexts(const TStringList& Codes, Text (*ItemText)(const Text&)) {
+    std::vector<Text> Result;
+    for (const auto& Code : Codes.Items()) Result.push_back(ItemText(Code));
+    return Result;
+}
+
 void Fill(TComboBox& Combo, const TStringList& Codes, Text (*ItemText)(const Text&)) {
+    const auto Texts = ItemTexts(Codes, ItemText);
     Combo.BeginUpdate();
-    for (const auto& Code : Codes.Items()) Combo.AddItem(ItemText(Code));
+    for (const auto& Item : Texts) Combo.AddItem(Item);
     Combo.EndUpdate();
 }
 
 void Rewrite(TComboBox& Combo, const TStringList& Codes, Text (*ItemText)(const Text&)) {
     if (Combo.GetCount() != Codes.GetCount()) return;
+    const auto Texts = ItemTexts(Codes, ItemText);
     Combo.BeginUpdate();
-    for (int i = 0; i < Codes.GetCount(); ++i) Combo.SetItem(i, ItemText(Codes.At(i)));
+    for (int i = 0; i < Combo.GetCount(); ++i) Combo.SetItem(i, Texts[static_cast<size_t>(i)]);
     Combo.EndUpdate();
 }
 
