@@ -61,6 +61,8 @@ protected:
 
 }  // namespace
 
+const char* ChartLibraryVersion() { return QCUSTOMPLOT_VERSION_STR; }
+
 class TChartRenderer::TPlot {
 public:
     TPlot(fw::TChart& Model, TRenderContext& Context, QWidget& Parent);

@@ -37,4 +37,7 @@ private:
     bool FWaiting = false;
 };
 
+// For the list of what the program is made with.
+const char* ChartLibraryVersion();
+
 }  // namespace ws

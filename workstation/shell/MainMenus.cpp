@@ -1,127 +1,120 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Menus of the main window.
+// The menus of the main window.
+#include <array>
+
 #include <QActionGroup>
 #include <QApplication>
+#include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 
+#include "workstation/renderers/ChartRenderer.h"
 #include "workstation/renderers/QtText.h"
-#include "workstation/resources/Skins.h"
-#include "workstation/shell/ImportDialog.h"
 #include "workstation/shell/MainWindow.h"
 
 namespace ws {
 
 namespace {
 
-struct TLanguageEntry {
-    const char* Key;
-    int Index;
+struct TNamedSkin {
+    const char* Skin;
+    const char* TextKey;
 };
+constexpr std::array kSkins{TNamedSkin{"Light", "Res_SkinLight"}, TNamedSkin{"Dark", "Res_SkinDark"}};
 
-constexpr TLanguageEntry kLanguages[] = {
-    {"Res_LanguageEnglish", kLanguageEnglish}, {"Res_LanguageTraditional", kLanguageTraditional}, {"Res_LanguageSimplified", kLanguageSimplified}};
+// By language index.
+constexpr std::array kLanguages{"Res_LanguageEnglish", "Res_LanguageTraditional", "Res_LanguageSimplified"};
 
-QAction* AddChoice(QMenu& Menu, QActionGroup& Group, const QString& Caption, bool Checked) {
-    auto* Action = Menu.addAction(Caption);
-    Action->setCheckable(true);
-    Action->setChecked(Checked);
-    Group.addAction(Action);
-    return Action;
+QString MenuText(const fw::Text& Caption) { return ToQt(Caption).replace(QLatin1Char('&'), QLatin1String("&&")); }
+
+QAction* AddChoice(QMenu& Menu, QActionGroup& Group, const QString& Text, bool Chosen) {
+    QAction* Choice = Menu.addAction(Text);
+    Choice->setCheckable(true);
+    Choice->setChecked(Chosen);
+    Group.addAction(Choice);
+    return Choice;
 }
 
 }  // namespace
 
+// Built anew on every change of language, user or packages: the descriptors are asked again. Old actions die in the loop,
+// for one of them may be what was just chosen.
 void TMainWindow::BuildMenus() {
-    auto* Bar = new QMenuBar(this);
-    AddFileMenu(*Bar);
-    AddViewMenus(*Bar);
-    AddViewMenu(*Bar);
-    AddHelpMenu(*Bar);
-    setMenuBar(Bar);  // deletes the former one later
-}
-
-void TMainWindow::AddViewMenus(QMenuBar& Bar) {
-    for (const auto& Entry : BuildMenuTree(FViews.Views())) {
-        auto* Menu = Bar.addMenu(ToQt(Entry.Caption));
-        Menu->setObjectName("menu" + QString::number(Entry.Id));
-        AddEntries(*Menu, Entry.View ? std::vector<TMenuEntry>{Entry} : Entry.Entries);
+    for (QAction* Old : menuBar()->actions()) {
+        menuBar()->removeAction(Old);
+        if (Old->menu()) Old->menu()->deleteLater();
     }
+    BuildFileMenu();
+    for (const TMenuNode& Node : MenuOf(FCatalog)) {
+        if (Node.View) {
+            connect(menuBar()->addAction(MenuText(Node.Caption)), &QAction::triggered, this, [this, View = Node.View] { FDocks->Open(*View); });
+        } else {
+            AddNodes(*menuBar()->addMenu(MenuText(Node.Caption)), Node.Children);
+        }
+    }
+    BuildViewMenu();
+    QMenu& Help = *menuBar()->addMenu(FContext.Translate("Res_MenuHelp"));
+    connect(Help.addAction(FContext.Translate("Res_HelpAbout")), &QAction::triggered, this, [this] { ShowAbout(); });
 }
 
-void TMainWindow::AddEntries(QMenu& Menu, const std::vector<TMenuEntry>& Entries) {
-    for (size_t i = 0; i < Entries.size(); ++i) {
-        const auto& Entry = Entries[i];
-        if (i > 0 && Entry.Group != Entries[i - 1].Group) Menu.addSeparator();
-        if (!Entry.View) {
-            AddEntries(*Menu.addMenu(ToQt(Entry.Caption)), Entry.Entries);
+void TMainWindow::AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes) {
+    for (size_t i = 0; i < Nodes.size(); ++i) {
+        const TMenuNode& Node = Nodes[i];
+        if (i > 0 && Node.Group != Nodes[i - 1].Group) Menu.addSeparator();
+        if (!Node.View) {
+            AddNodes(*Menu.addMenu(MenuText(Node.Caption)), Node.Children);
             continue;
         }
-        auto* Action = Menu.addAction(ToQt(Entry.Caption));
-        Action->setObjectName("view" + QString::number(Entry.Id));
-        connect(Action, &QAction::triggered, this, [this, View = Entry.View] { OpenView(*View); });
+        connect(Menu.addAction(MenuText(Node.Caption)), &QAction::triggered, this, [this, View = Node.View] { FDocks->Open(*View); });
     }
 }
 
-void TMainWindow::AddFileMenu(QMenuBar& Bar) {
-    auto* File = Bar.addMenu(FContext.Translate("Res_MenuFile"));
-    connect(File->addAction(FContext.Translate("Res_FileImport")), &QAction::triggered, this, [this] { ImportWithDialog(FWorkstation, FContext, this); });
-    connect(File->addAction(FContext.Translate("Res_FileResetMarket")), &QAction::triggered, this, [this] { ResetSample(); });
-    AddUserMenu(*File);
-    File->addSeparator();
-    connect(File->addAction(FContext.Translate("Res_FileExit")), &QAction::triggered, this, [this] { close(); });
+void TMainWindow::BuildFileMenu() {
+    QMenu& File = *menuBar()->addMenu(FContext.Translate("Res_MenuFile"));
+    connect(File.addAction(FContext.Translate("Res_FileImport")), &QAction::triggered, this, [this] {
+        const QString Chosen = FDialogs->AskFile(this, FContext.Translate("Res_ImportTitle"), FContext.Translate("Res_ImportFilter"));
+        if (!Chosen.isEmpty()) ImportFile(Chosen);
+    });
+    connect(File.addAction(FContext.Translate("Res_FileResetMarket")), &QAction::triggered, this, [this] { ResetSample(); });
+    File.addSeparator();
+    QMenu& Users = *File.addMenu(FContext.Translate("Res_MenuUser"));
+    auto* Group = new QActionGroup(&Users);
+    for (const TUserRow& User : FWorkstation.Users()) {
+        const QString Text = MenuText(User.Name.empty() ? User.Code : User.Name);
+        connect(AddChoice(Users, *Group, Text, User.Code == FWorkstation.User().Code), &QAction::triggered, this,
+                [this, Code = User.Code] { SetUser(Code); });
+    }
+    File.addSeparator();
+    QAction* Exit = File.addAction(FContext.Translate("Res_FileExit"));
+    Exit->setShortcut(QKeySequence::Quit);
+    connect(Exit, &QAction::triggered, this, [this] { close(); });
 }
 
-void TMainWindow::AddUserMenu(QMenu& File) {
-    auto* Menu = File.addMenu(FContext.Translate("Res_MenuUser"));
-    auto* Group = new QActionGroup(Menu);
-    for (const auto& User : FWorkstation.Users()) {
-        auto* Action = AddChoice(*Menu, *Group, ToQt(User.Code + " – " + User.Name), User.Code == FWorkstation.User().Code);
-        connect(Action, &QAction::triggered, this, [this, Code = User.Code] { QTimer::singleShot(0, this, [this, Code] { SwitchUser(Code); }); });
+void TMainWindow::BuildViewMenu() {
+    QMenu& View = *menuBar()->addMenu(FContext.Translate("Res_MenuView"));
+    QMenu& Languages = *View.addMenu(FContext.Translate("Res_MenuLanguage"));
+    auto* LanguageGroup = new QActionGroup(&Languages);
+    for (size_t i = 0; i < kLanguages.size(); ++i) {
+        const int Index = static_cast<int>(i);
+        connect(AddChoice(Languages, *LanguageGroup, FContext.Translate(kLanguages[i]), FWorkstation.Language().GetLanguage() == Index),
+                &QAction::triggered, this, [this, Index] { SetLanguage(Index); });
     }
-}
-
-void TMainWindow::AddViewMenu(QMenuBar& Bar) {
-    auto* View = Bar.addMenu(FContext.Translate("Res_MenuView"));
-    auto* Languages = View->addMenu(FContext.Translate("Res_MenuLanguage"));
-    auto* LanguageGroup = new QActionGroup(Languages);
-    for (const auto& [Key, Index] : kLanguages) {
-        auto* Action = AddChoice(*Languages, *LanguageGroup, FContext.Translate(Key), Index == FWorkstation.Language().GetLanguage());
-        connect(Action, &QAction::triggered, this, [this, Language = Index] { QTimer::singleShot(0, this, [this, Language] { SwitchLanguage(Language); }); });
-    }
-    auto* Skins = View->addMenu(FContext.Translate("Res_MenuSkin"));
-    auto* SkinGroup = new QActionGroup(Skins);
-    for (const auto& Skin : TSkinTable::Embedded().Skins()) {
-        auto* Action = AddChoice(*Skins, *SkinGroup, FContext.Translate(("Res_Skin" + Skin).c_str()), Skin == FWorkstation.LookAndFeel().GetSkinName());
-        connect(Action, &QAction::triggered, this, [this, Skin] { QTimer::singleShot(0, this, [this, Skin] { SwitchSkin(Skin); }); });
-    }
-    View->addSeparator();
-    View->addAction(FMessages->toggleViewAction());
-}
-
-void TMainWindow::AddHelpMenu(QMenuBar& Bar) {
-    auto* Help = Bar.addMenu(FContext.Translate("Res_MenuHelp"));
-    connect(Help->addAction(FContext.Translate("Res_HelpAbout")), &QAction::triggered, this, [this] { ShowAbout(); });
-}
-
-void TMainWindow::ResetSample() {
-    QMessageBox Box(QMessageBox::Question, windowTitle(), FContext.Translate("Res_ResetQuestion"), QMessageBox::NoButton, this);
-    auto* Reset = Box.addButton(FContext.Translate("Res_ResetConfirm"), QMessageBox::AcceptRole);
-    Box.setDefaultButton(Box.addButton(FContext.Translate("Res_Cancel"), QMessageBox::RejectRole));
-    Box.exec();
-    if (Box.clickedButton() != Reset) return;
-    try {
-        for (const auto& Notice : FWorkstation.ResetSample()) fw::TLog::Info(Notice.Key, Notice.Args);
-        fw::TLog::Info("Res_ResetDone");
-    } catch (const EStoreError& Error) {
-        fw::TLog::Error(Error.Key(), Error.Args());
-        ShowMessageBox(FWorkstation.Language().Resource(Error.Key(), Error.Args()));
-    }
-    BuildMenus();
+    QMenu& Skins = *View.addMenu(FContext.Translate("Res_MenuSkin"));
+    auto* SkinGroup = new QActionGroup(&Skins);
+    for (const TNamedSkin& Each : kSkins)
+        connect(AddChoice(Skins, *SkinGroup, FContext.Translate(Each.TextKey), FContext.GetSkin() == Each.Skin), &QAction::triggered, this,
+                [this, Skin = std::string(Each.Skin)] { SetSkin(Skin); });
+    View.addSeparator();
+    QAction* Messages = View.addAction(FContext.Translate("Res_Messages"));
+    Messages->setCheckable(true);
+    Messages->setChecked(FPanel->isVisible() || !isVisible());
+    connect(Messages, &QAction::triggered, FPanel, [this](bool Shown) { FPanel->setVisible(Shown); });
+    connect(&View, &QMenu::aboutToShow, Messages, [this, Messages] { Messages->setChecked(FPanel->isVisible()); });
 }
 
 void TMainWindow::ShowAbout() {
-    QMessageBox::about(this, FContext.Translate("Res_AboutTitle"), FContext.Translate("Res_AboutText", {QApplication::applicationVersion().toStdString()}));
+    const QString About = FContext.Translate("Res_AboutText", {VENTIQ_VERSION});
+    const QString Libraries = FContext.Translate("Res_AboutLibraries", {qVersion(), ChartLibraryVersion()});
+    FDialogs->Tell(this, About + QStringLiteral("\n\n") + Libraries);
 }
 
 }  // namespace ws

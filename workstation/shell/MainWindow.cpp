@@ -2,181 +2,211 @@
 #include "workstation/shell/MainWindow.h"
 
 #include <QApplication>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QStatusBar>
+#include <QDateTime>
 
-#include <algorithm>
-#include <exception>
-
+#include "framework/base/Log.h"
 #include "workstation/renderers/QtText.h"
-#include "workstation/shell/Appearance.h"
-#include "workstation/shell/StatusHint.h"
+#include "workstation/script/FirstStart.h"
+#include "workstation/shell/ImportFlow.h"
+#include "workstation/shell/MissingHint.h"
+#include "workstation/shell/SkinPalette.h"
 
 namespace ws {
 
 namespace {
 
-constexpr int kPollMs = 200;
-constexpr TStrategyRun::TWait kRunPatience{15000};
+constexpr int kRunPollMs = 50;
+constexpr int kHintMs = 300;
+constexpr std::chrono::seconds kRunPatience{10};
+constexpr QSize kWindowSize(1280, 860);
+constexpr int kMessagesHeight = 110;
+constexpr char kSettingSection[] = "Shell";
+constexpr char kSettingStarted[] = "FirstStartDone";
+constexpr char kShowHintIcon[] = "show-hint";
 
 }  // namespace
 
-TMainWindow::TMainWindow(TWorkstation& Workstation, const TViewRegistry& Views, TMessageLog& Log, TRenderContext& Context)
-    : FWorkstation(Workstation), FViews(Views), FContext(Context), FMessages(new TMessagesPanel(Log, Workstation.Language(), Context, this)),
-      FHint(new QLabel(this)), FAlert(new QLabel(this)) {
+TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
+    : FWorkstation(Workstation), FContext(Context), FDialogs(std::move(Dialogs)), FPopups(Context) {
+    const auto Sentence = [this](const fw::TLogEntry& Entry) { return FWorkstation.Language().Resource(Entry.Key, Entry.Args); };
+    FMessages = new TMessageList(Context, Sentence, this);
+    FPanel = new TMessagesPanel(*FMessages, Context, this);
+    FStatus = new TStatusLine(*FMessages, Context, this);
+    setStatusBar(FStatus);
     setDockNestingEnabled(true);
-    setDockOptions(dockOptions() | QMainWindow::AllowTabbedDocks | QMainWindow::AllowNestedDocks | QMainWindow::GroupedDragging);
-    addDockWidget(Qt::BottomDockWidgetArea, FMessages);
-    statusBar()->addWidget(FHint, 1);
-    statusBar()->addPermanentWidget(FAlert, 2);
-    FAlert->setTextFormat(Qt::PlainText);
-    FWorkstation.MessageBox().OnShow = [this](const fw::Text& Message) { ShowMessageBox(Message); };
-    FContext.OnEditRefused = [this](fw::TGridTableView& View) {
-        for (auto* Dock : FDocks)
-            if (Dock->Frame().FindControl<fw::TGridTableView>(View.GetName()) == &View)
-                FHint->setText(FContext.Translate(EditRefusedHintOf(Dock->Frame())));
+    setDockOptions(QMainWindow::AllowNestedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AnimatedDocks);
+    addDockWidget(Qt::BottomDockWidgetArea, FPanel);
+    resize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()));
+    resizeDocks({FPanel}, {Context.Scaled(kMessagesHeight)}, Qt::Vertical);
+    FDocks = std::make_unique<TViewDocks>(*this, FCatalog, Context, *FDialogs);
+    FStatus->OnProblemClicked = [this] {
+        FPanel->show();
+        FPanel->raise();
+        FMessages->MarkSeen();
     };
-    FLinks += Log.OnAdded.Connect([this](const TMessage& Message) { ShowAlert(Message); });
-    connect(&FPolling, &QTimer::timeout, this, [this] { Poll(); });
-    FPolling.start(kPollMs);
-    Retranslate();
+    FLinks += FDocks->OnFrameGoes.Connect([this](fw::TFrame& Frame) {
+        FPopups.Forget(Frame);
+        if (FRunFrame == &Frame) FRun.reset(), FRunFrame = nullptr;
+    });
+    FLinks += FDocks->OnChanged.Connect([this] { UpdateHint(); });
+    FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) { return FPopups.MakeContent(Popup, Parent); };
+    FContext.OnEditRefused = [this](fw::TGridTableView&) {
+        TViewDock* Dock = FDocks->Current();
+        if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) FStatus->ShowRefusal(RefusedHint(*Frame));
+    };
+    FWorkstation.MessageBox().OnShow = [this](const fw::Text& Message) { FDialogs->Tell(this, ToQt(Message)); };
+    // Work of the services waits for the loop; the tick drives market and views.
+    FWorkstation.SetOnWork([this] {
+        if (std::exchange(FPumping, true)) return;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                FPumping = false;
+                FWorkstation.Pump();
+            },
+            Qt::QueuedConnection);
+    });
+    connect(&FTick, &QTimer::timeout, this, [this] { FWorkstation.Tick(); });
+    FTick.start(kTimerPeriodMs);
+    connect(&FRunTimer, &QTimer::timeout, this, [this] { PollRun(); });
+    connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
+    FHintTimer.start(kHintMs);
+    for (const TStoreNotice& Notice : Workstation.Notices()) fw::TLog::Info(Notice.Key, Notice.Args);
+    SetSkin(Workstation.LookAndFeel().GetSkinName());
+    setWindowTitle(Context.Translate("Res_AppTitle"));
+    BuildMenus();
 }
 
 TMainWindow::~TMainWindow() {
+    FTick.stop();
     FRun.reset();
-    while (!FDocks.empty()) CloseDock(*FDocks.back());
-    FContext.OnEditRefused = nullptr;
+    FDocks.reset();
+    FWorkstation.SetOnWork({});
     FWorkstation.MessageBox().OnShow = nullptr;
+    FContext.MakePopupContent = nullptr;
+    FContext.OnEditRefused = nullptr;
 }
 
-TViewDock* TMainWindow::OpenView(fw::TIBaseView& View) {
-    int64_t Handle = 0;
-    std::string Reason;
-    try {
-        Handle = View.OpenNewInstance();
-    } catch (const std::exception& Error) {
-        Reason = Error.what();
-    } catch (...) {
-        Reason = "?";
-    }
-    if (!View.FindView(Handle)) {
-        const auto Name = fw::DispatchValue("GetName", fw::Text(), [&] { return View.GetName(); });
-        fw::TLog::Error("Res_ViewOpenFailed", {Name, Reason});
-        ShowMessageBox(FWorkstation.Language().Resource("Res_ViewOpenFailed", {Name, Reason}));
-        return nullptr;
-    }
+void TMainWindow::ReloadViews() {
+    FCatalog.Reload();
+    BuildMenus();
+}
 
-    auto* Dock = new TViewDock(View, Handle, FContext, this);
-    Dock->OnCloseRequested = [this](TViewDock& Which) { RequestClose(Which); };
-    if (FDocks.empty())
-        addDockWidget(Qt::TopDockWidgetArea, Dock);
-    else
-        tabifyDockWidget(FDocks.back(), Dock);
-    FDocks.push_back(Dock);
-    int Width = 0, Height = 0;
-    if (View.GetDefaultSize(Width, Height) && FDocks.size() == 1)
-        resizeDocks({Dock, FMessages}, {FContext.Scaled(Height), std::max(60, height() - FContext.Scaled(Height))}, Qt::Vertical);
-    Dock->show();
-    Dock->raise();
+// --- views
+
+fw::TIBaseView* TMainWindow::FirstVisibleView() const {
+    for (const auto& View : FCatalog.Views())
+        if (fw::DispatchValue("GetIsVisible", false, [&] { return View->GetIsVisible(); })) return View.get();
+    return nullptr;
+}
+
+void TMainWindow::OpenStartView() {
+    if (!FWorkstation.Store().ReadSetting(kSettingSection, kSettingStarted)) {
+        PlayFirstStart();
+        return;
+    }
+    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+}
+
+TViewDock* TMainWindow::PlayFirstStart() {
+    fw::TIBaseView* View = FirstVisibleView();
+    TViewDock* Dock = View ? FDocks->Open(*View) : nullptr;
+    fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr;
+    const TStrategy Strategy = FirstStartStrategy(FWorkstation.Store());
+    if (!Frame || Strategy.Legs.empty()) return Dock;
+    FRunFrame = Frame;
+    FRunBegan = QDateTime::currentMSecsSinceEpoch();
+    FRun = std::make_unique<TStrategyRun>(*Frame, FWorkstation.Market(), Strategy, kRunPatience);
+    TurnHintOn(*Dock);
+    FRunTimer.start(kRunPollMs);
     return Dock;
 }
 
-// From the event loop: the wish may come out of a handler of the frame that is to go.
-void TMainWindow::RequestClose(TViewDock& Dock) {
-    QTimer::singleShot(0, this, [this, Wanted = &Dock] {
-        if (std::find(FDocks.begin(), FDocks.end(), Wanted) != FDocks.end()) CloseDock(*Wanted);
-    });
-}
-
-void TMainWindow::CloseDock(TViewDock& Dock) {
-    if (&Dock == FRunDock) {
-        FRun.reset();
-        FRunDock = nullptr;
+// The button that offers to show the hint is pressed, as the user would.
+void TMainWindow::TurnHintOn(TViewDock& Dock) {
+    fw::TCaptionButtonList Buttons;
+    fw::TImageList* Images = nullptr;
+    Dock.View().GetViewCaptionButtons(Dock.Handle(), Buttons);
+    Dock.View().GetViewCaptionButtonImageList(Dock.Handle(), Images);
+    for (size_t i = 0; Images && i < Buttons.size(); ++i) {
+        if (Images->GetIconName(Buttons[i]->ImageIndex) != kShowHintIcon) continue;
+        Dock.View().HandleCaptionButtonClick(Dock.Handle(), static_cast<int>(i));
+        return;
     }
-    FDocks.erase(std::remove(FDocks.begin(), FDocks.end(), &Dock), FDocks.end());
-    auto& View = Dock.View();
-    const int64_t Handle = Dock.Handle();
-    delete &Dock;
-    View.CloseInstance(Handle);
 }
 
-void TMainWindow::closeEvent(QCloseEvent* Event) {
-    FPolling.stop();
+void TMainWindow::PollRun() {
+    if (!FRun) return FRunTimer.stop();
+    const auto Elapsed = std::chrono::milliseconds(QDateTime::currentMSecsSinceEpoch() - FRunBegan);
+    auto State = TStrategyRun::EState::Failed;
+    fw::Dispatch("first start", [&] { State = FRun->Poll(Elapsed); });
+    if (!FRun || State == TStrategyRun::EState::Waiting) return;
+    for (const auto& Problem : FRun->Problems()) fw::TLog::Warning(Problem.Key, Problem.Args);
+    FRunTimer.stop();
     FRun.reset();
-    while (!FDocks.empty()) CloseDock(*FDocks.back());
-    QMainWindow::closeEvent(Event);
+    FRunFrame = nullptr;
+    if (State != TStrategyRun::EState::Done) return;
+    try {
+        FWorkstation.Store().WriteSetting(kSettingSection, kSettingStarted, "1");
+    } catch (const EStoreError& Error) {
+        fw::TLog::Error(Error.Key(), Error.Args());
+    }
 }
 
-void TMainWindow::PlayStrategy(TViewDock& Dock, TStrategy Strategy) {
-    FRun = std::make_unique<TStrategyRun>(Dock.Frame(), FWorkstation.Market(), std::move(Strategy), kRunPatience);
-    FRunDock = &Dock;
-    FRunTime.start();
+void TMainWindow::UpdateHint() {
+    TViewDock* Dock = FDocks->Current();
+    fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr;
+    FStatus->ShowHint(Frame ? MissingHint(*Frame) : nullptr);
 }
 
-void TMainWindow::Poll() {
-    ShowHint();
-    if (!FRun) return;
-    if (FRun->Poll(TStrategyRun::TWait(FRunTime.elapsed())) == TStrategyRun::EState::Waiting) return;
-    const auto Run = std::move(FRun);
-    FRunDock = nullptr;
-    for (const auto& Problem : Run->Problems()) fw::TLog::Warning(Problem.Key, Problem.Args);
-}
+// --- language, skin, user, market
 
-TViewDock* TMainWindow::ActiveDock() const {
-    for (auto* Dock : FDocks)
-        if (Dock->isAncestorOf(QApplication::focusWidget())) return Dock;
-    return FDocks.empty() ? nullptr : FDocks.front();
-}
-
-void TMainWindow::ShowHint() {
-    const auto* Dock = ActiveDock();
-    const char* Key = Dock ? StatusHintOf(Dock->Frame()) : "";
-    FHint->setText(*Key ? FContext.Translate(Key) : QString());
-}
-
-void TMainWindow::ShowAlert(const TMessage& Message) {
-    if (Message.Entry.Level == fw::ELogLevel::Info) return;
-    FAlert->setText(FContext.Translate(LevelKey(Message.Entry.Level)) + ": " + ToQt(FWorkstation.Language().Resource(Message.Entry.Key, Message.Entry.Args)));
-    FAlert->setToolTip(FAlert->text());
-}
-
-void TMainWindow::ShowMessageBox(const fw::Text& Message) { QMessageBox::warning(this, windowTitle(), ToQt(Message)); }
-
-void TMainWindow::SwitchLanguage(int Language) {
+void TMainWindow::SetLanguage(int Language) {
     FWorkstation.SetLanguage(Language);
-    for (const auto& View : FViews.Views())
-        for (const auto Handle : View->OpenViews()) View->SetLanguage(Handle, Language);
-    Retranslate();
-}
-
-void TMainWindow::SwitchSkin(const std::string& Skin) {
-    ApplySkin(Skin);
-    FWorkstation.SetSkin(Skin);
-    FContext.SetSkin(Skin);
-    BuildMenus();
-}
-
-void TMainWindow::SwitchUser(const std::string& Code) {
-    FWorkstation.SetUser(Code);
-    CloseInvisible();
-    BuildMenus();
-}
-
-// Views that the new user may not see are closed.
-void TMainWindow::CloseInvisible() {
-    const auto Docks = FDocks;
-    for (auto* Dock : Docks)
-        if (!fw::DispatchValue("GetIsVisible", false, [&] { return Dock->View().GetIsVisible(); })) CloseDock(*Dock);
-}
-
-void TMainWindow::Retranslate() {
+    FDocks->SetLanguage(FWorkstation.Language().GetLanguage());
     setWindowTitle(FContext.Translate("Res_AppTitle"));
     FMessages->Retranslate();
-    for (auto* Dock : FDocks) Dock->Retranslate();
-    FAlert->clear();
+    FPanel->Retranslate();
+    FStatus->Retranslate();
     BuildMenus();
-    ShowHint();
+}
+
+void TMainWindow::SetSkin(const std::string& Skin) {
+    QApplication::setPalette(SkinPalette(Skin));
+    FContext.SetSkin(Skin);
+    if (FWorkstation.LookAndFeel().GetSkinName() != Skin) FWorkstation.SetSkin(Skin);
+    BuildMenus();
+}
+
+bool TMainWindow::SetUser(const std::string& Code) {
+    if (Code == FWorkstation.User().Code) return true;
+    if (!FDocks->Docks().empty() && !FDialogs->Ask(this, FContext.Translate("Res_UserAskSwitch"))) {
+        BuildMenus();
+        return false;
+    }
+    FDocks->CloseAll();
+    const bool Known = FWorkstation.SetUser(Code);
+    if (Known) fw::TLog::Info("Res_UserNow", {FWorkstation.User().Name.empty() ? Code : FWorkstation.User().Name});
+    BuildMenus();
+    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+    return Known;
+}
+
+void TMainWindow::ImportFile(const QString& File) { TImportFlow(FWorkstation, FContext, *FDialogs, this).Run(File); }
+
+void TMainWindow::ResetSample() {
+    if (!FDialogs->Ask(this, FContext.Translate("Res_ResetMarketAsk"))) return;
+    try {
+        for (const TStoreNotice& Notice : FWorkstation.ResetSample()) fw::TLog::Info(Notice.Key, Notice.Args);
+        fw::TLog::Info("Res_ResetMarketDone");
+    } catch (const EStoreError& Error) {
+        fw::TLog::Error(Error.Key(), Error.Args());
+        FDialogs->Tell(this, ToQt(FWorkstation.Language().Resource(Error.Key(), Error.Args())));
+    } catch (const EMarketRefusal& Refusal) {
+        fw::TLog::Error(Refusal.Reason().Key, Refusal.Reason().Args);
+        FDialogs->Tell(this, ToQt(FWorkstation.Language().Resource(Refusal.Reason().Key, Refusal.Reason().Args)));
+    }
+    BuildMenus();
 }
 
 }  // namespace ws

@@ -2,79 +2,77 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
-#include <QElapsedTimer>
-#include <QLabel>
 #include <QMainWindow>
+#include <QTimer>
 
 #include "workstation/script/StrategyRun.h"
 #include "workstation/services/Workstation.h"
-#include "workstation/shell/MenuTree.h"
+#include "workstation/shell/Dialogs.h"
+#include "workstation/shell/MessageList.h"
 #include "workstation/shell/MessagesPanel.h"
-#include "workstation/shell/ViewDock.h"
+#include "workstation/shell/StatusLine.h"
+#include "workstation/shell/SymbolPopups.h"
+#include "workstation/shell/ViewCatalog.h"
+#include "workstation/shell/ViewDocks.h"
+
+class QMenu;
 
 namespace ws {
 
-// The window: menus from the views' descriptors, a dock for every open instance, the Messages panel and a status bar
-// that says what to do next and what went wrong last.
+// The workstation's window: menus from the descriptors, a dock for each open view, messages, status. Runs the services'
+// loop while it lives. Borrows the workstation and the context, which outlive it.
 class TMainWindow : public QMainWindow {
 public:
-    TMainWindow(TWorkstation& Workstation, const TViewRegistry& Views, TMessageLog& Log, TRenderContext& Context);
-    ~TMainWindow() override;  // closes every instance
+    TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs);
+    ~TMainWindow() override;
 
-    // Opens an instance in a dock. An error of the view is shown and opens nothing; null then.
-    TViewDock* OpenView(fw::TIBaseView& View);
-    const std::vector<TViewDock*>& Docks() const { return FDocks; }
-
-    // Plays a strategy in an open view; the window's loop carries it on.
-    void PlayStrategy(TViewDock& Dock, TStrategy Strategy);
+    // Takes up what packages have registered and builds the menus.
+    void ReloadViews();
+    // The first start shows a calculated strategy in the first visible view, with its hint on; later ones an empty view.
+    void OpenStartView();
+    // The same strategy, asked for; null when no view is visible.
+    TViewDock* PlayFirstStart();
     bool IsPlaying() const { return FRun != nullptr; }
 
-    // Language, skin and user of the whole program, live.
-    void SwitchLanguage(int Language);
-    void SwitchSkin(const std::string& Skin);
-    void SwitchUser(const std::string& Code);
+    void SetLanguage(int Language);
+    void SetSkin(const std::string& Skin);
+    bool SetUser(const std::string& Code);
+    void ImportFile(const QString& File);
+    void ResetSample();
 
-    TMessagesPanel& Messages() const { return *FMessages; }
-    QString StatusText() const { return FHint->text(); }
-    QString AlertText() const { return FAlert->text(); }
-
-protected:
-    void closeEvent(QCloseEvent* Event) override;
+    TViewCatalog& Catalog() { return FCatalog; }
+    TViewDocks& Docks() { return *FDocks; }
+    TMessageList& Messages() { return *FMessages; }
+    TMessagesPanel& Panel() { return *FPanel; }
+    TStatusLine& Status() { return *FStatus; }
 
 private:
     void BuildMenus();
-    void AddViewMenus(QMenuBar& Bar);
-    void AddEntries(QMenu& Menu, const std::vector<TMenuEntry>& Entries);
-    void AddFileMenu(QMenuBar& Bar);
-    void AddUserMenu(QMenu& File);
-    void AddViewMenu(QMenuBar& Bar);
-    void AddHelpMenu(QMenuBar& Bar);
-    void Retranslate();
-    void ResetSample();
+    void BuildFileMenu();
+    void BuildViewMenu();
+    void AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes);
+    fw::TIBaseView* FirstVisibleView() const;
     void ShowAbout();
-    void RequestClose(TViewDock& Dock);
-    void CloseDock(TViewDock& Dock);
-    void CloseInvisible();
-    void ShowMessageBox(const fw::Text& Message);
-    void ShowAlert(const TMessage& Message);
-    void ShowHint();
-    void Poll();
-    TViewDock* ActiveDock() const;
+    void UpdateHint();
+    void PollRun();
+    void TurnHintOn(TViewDock& Dock);
 
-    TWorkstation& FWorkstation;  // all borrowed, outlive the window
-    const TViewRegistry& FViews;
+    TWorkstation& FWorkstation;
     TRenderContext& FContext;
-    TMessagesPanel* FMessages;
-    QLabel* FHint;               // what to do next
-    QLabel* FAlert;              // the last warning or error
-    std::vector<TViewDock*> FDocks;
+    std::unique_ptr<TDialogs> FDialogs;
+    TSymbolPopups FPopups;
+    TViewCatalog FCatalog;
+    TMessageList* FMessages;
+    TMessagesPanel* FPanel;
+    TStatusLine* FStatus;
+    std::unique_ptr<TViewDocks> FDocks;
     std::unique_ptr<TStrategyRun> FRun;
-    TViewDock* FRunDock = nullptr;
-    QElapsedTimer FRunTime;
-    QTimer FPolling;
+    fw::TFrame* FRunFrame = nullptr;  // the view that FRun types into
+    qint64 FRunBegan = 0;
+    QTimer FTick, FRunTimer, FHintTimer;
     fw::TConnections FLinks;
+    bool FPumping = false;  // a round of the services' queue is on its way
 };
 
 }  // namespace ws

@@ -1,80 +1,63 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/shell/MessagesPanel.h"
 
-#include <QApplication>
+#include <QAction>
 #include <QClipboard>
-#include <QDateTime>
+#include <QEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
-#include <QKeyEvent>
-
-#include "workstation/renderers/QtText.h"
 
 namespace ws {
 
-namespace {
-
-struct TLevelLook {
-    const char* Key;    // the word
-    const char* Color;  // skin key
-};
-
-const TLevelLook& LookOf(fw::ELogLevel Level) {
-    static const TLevelLook kLooks[] = {{"Res_LevelInfo", "coText"}, {"Res_LevelWarning", "coWarning"}, {"Res_LevelError", "coError"}};
-    return kLooks[static_cast<int>(Level)];
-}
-
-}  // namespace
-
-const char* LevelKey(fw::ELogLevel Level) { return LookOf(Level).Key; }
-
-TMessagesPanel::TMessagesPanel(TMessageLog& Log, const TLanguageService& Language, TRenderContext& Context, QWidget* Parent)
-    : QDockWidget(Parent), FLog(Log), FLanguage(Language), FContext(Context), FList(new QTreeWidget(this)) {
-    setObjectName("MessagesPanel");
-    FList->setRootIsDecorated(false);
-    FList->setUniformRowHeights(true);
-    FList->setAlternatingRowColors(true);
-    FList->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    FList->setColumnCount(3);
-    FList->header()->setStretchLastSection(true);
-    setWidget(FList);
-    FLinks += FLog.OnAdded.Connect([this](const TMessage& Message) { Add(Message); });
-    FLinks += FLog.OnChanged.Connect([this] { Reload(); });
-    FLinks += FContext.OnSkinChanged.Connect([this] { Reload(); });
+TMessagesPanel::TMessagesPanel(TMessageList& List, TRenderContext& Context, QWidget* Parent)
+    : QDockWidget(Parent), FList(List), FContext(Context), FTable(new QTableView(this)), FCopy(new QAction(this)) {
+    setObjectName(QStringLiteral("messages"));
+    FTable->setModel(&List);
+    FTable->setSelectionBehavior(QAbstractItemView::SelectRows);
+    FTable->setWordWrap(false);
+    FTable->setShowGrid(false);
+    FTable->verticalHeader()->hide();
+    FTable->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    FTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + Context.Scaled(6));
+    FTable->horizontalHeader()->setStretchLastSection(true);
+    FTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    FTable->setColumnWidth(TMessageList::kTime, fontMetrics().averageCharWidth() * 11);
+    FTable->setColumnWidth(TMessageList::kLevel, fontMetrics().averageCharWidth() * 17);
+    FCopy->setShortcut(QKeySequence::Copy);
+    FCopy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    FTable->addAction(FCopy);
+    FTable->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(FCopy, &QAction::triggered, this, [this] { CopySelected(); });
+    setWidget(FTable);
+    FTable->viewport()->installEventFilter(this);
+    connect(&List, &QAbstractItemModel::rowsInserted, this, [this] { FTable->scrollToBottom(); });
+    FLinks += List.OnProblem.Connect([this] { UpdateTitle(); });
+    FLinks += Context.OnSkinChanged.Connect([this] { FTable->viewport()->update(); });
     Retranslate();
 }
 
 void TMessagesPanel::Retranslate() {
-    setWindowTitle(FContext.Translate("Res_Messages"));
-    FList->setHeaderLabels({FContext.Translate("Res_MessageTime"), FContext.Translate("Res_MessageLevel"), FContext.Translate("Res_MessageText")});
-    Reload();
+    FCopy->setText(FContext.Translate("Res_MessagesCopy"));
+    UpdateTitle();
 }
 
-void TMessagesPanel::Reload() {
-    FList->clear();
-    for (const auto& Message : FLog.Messages()) Add(Message);
-    FList->resizeColumnToContents(0);
-    FList->resizeColumnToContents(1);
+void TMessagesPanel::UpdateTitle() {
+    const int Unseen = FList.UnseenProblems();
+    setWindowTitle(Unseen > 0 ? FContext.Translate("Res_MessagesNew", {std::to_string(Unseen)}) : FContext.Translate("Res_Messages"));
 }
 
-void TMessagesPanel::Add(const TMessage& Message) {
-    const auto& Look = LookOf(Message.Entry.Level);
-    const auto Time = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(Message.Time));
-    auto* Item = new QTreeWidgetItem({Time.toString("HH:mm:ss"), FContext.Translate(Look.Key), ToQt(FLanguage.Resource(Message.Entry.Key, Message.Entry.Args))});
-    Item->setForeground(1, FContext.Color(Look.Color));
-    Item->setToolTip(2, Item->text(2));
-    FList->addTopLevelItem(Item);
-    FList->scrollToItem(Item);
+void TMessagesPanel::CopySelected() const {
+    QStringList Lines;
+    const auto Selected = FTable->selectionModel()->selectedRows();
+    for (int Row = 0; Row < FList.rowCount(); ++Row)
+        if (Selected.isEmpty() || FTable->selectionModel()->isRowSelected(Row, {})) Lines << FList.TextOf(Row);
+    QGuiApplication::clipboard()->setText(Lines.join(QLatin1Char('\n')));
 }
 
-void TMessagesPanel::CopySelection() {
-    QString Copied;
-    for (const auto* Item : FList->selectedItems()) Copied += Item->text(0) + '\t' + Item->text(1) + '\t' + Item->text(2) + '\n';
-    if (!Copied.isEmpty()) QApplication::clipboard()->setText(Copied);
-}
-
-void TMessagesPanel::keyPressEvent(QKeyEvent* Event) {
-    if (Event->matches(QKeySequence::Copy)) return CopySelection();
-    QDockWidget::keyPressEvent(Event);
+// The user looks at the panel when the mouse or the keyboard comes to it.
+bool TMessagesPanel::eventFilter(QObject* Watched, QEvent* Event) {
+    if (Event->type() == QEvent::Enter || Event->type() == QEvent::MouseButtonPress) FList.MarkSeen();
+    return QDockWidget::eventFilter(Watched, Event);
 }
 
 }  // namespace ws

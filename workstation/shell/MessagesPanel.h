@@ -2,39 +2,32 @@
 #pragma once
 
 #include <QDockWidget>
-#include <QTreeWidget>
+#include <QTableView>
 
-#include "workstation/renderers/RenderContext.h"
-#include "workstation/services/LanguageService.h"
-#include "workstation/shell/MessageLog.h"
+#include "workstation/shell/MessageList.h"
 
 namespace ws {
 
-// The log on the screen: time, kind and text in the current language, newest at the bottom. The kind is a word, so that
-// colour is never the only sign. Ctrl+C copies what is selected.
+// The log in a dock. New warnings are counted in its title until it is looked at; rows can be copied as text.
 class TMessagesPanel : public QDockWidget {
 public:
-    TMessagesPanel(TMessageLog& Log, const TLanguageService& Language, TRenderContext& Context, QWidget* Parent);
+    TMessagesPanel(TMessageList& List, TRenderContext& Context, QWidget* Parent);
 
     void Retranslate();
-    QTreeWidget& List() const { return *FList; }
+    void CopySelected() const;  // all rows where none is selected
+    QTableView& Table() { return *FTable; }
 
 protected:
-    void keyPressEvent(QKeyEvent* Event) override;
+    bool eventFilter(QObject* Watched, QEvent* Event) override;
 
 private:
-    void Reload();
-    void Add(const TMessage& Message);
-    void CopySelection();
+    void UpdateTitle();
 
-    TMessageLog& FLog;                  // all borrowed
-    const TLanguageService& FLanguage;
+    TMessageList& FList;
     TRenderContext& FContext;
-    QTreeWidget* FList;
+    QTableView* FTable;
+    QAction* FCopy;
     fw::TConnections FLinks;
 };
-
-// Resource key of the word for a level.
-const char* LevelKey(fw::ELogLevel Level);
 
 }  // namespace ws

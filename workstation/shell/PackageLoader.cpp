@@ -4,50 +4,87 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <set>
+#include <string>
+#include <system_error>
+#include <vector>
 
-#include "framework/base/Dispatch.h"
+#include "framework/base/Log.h"
 #include "framework/base/Package.h"
 
 namespace ws {
 
 namespace {
 
-std::string LastError() {
-    const char* Reason = dlerror();
-    return Reason ? Reason : "";
+namespace fs = std::filesystem;
+
+using TVersionFunction = const char* (*)();
+using TInitializeFunction = void (*)();
+
+// The loader's own words name the file again: it is cut off.
+std::string LoaderReason(const fs::path& File) {
+    const char* Said = dlerror();
+    std::string Reason = Said ? Said : "";
+    const std::string Prefix = File.string() + ": ";
+    return Reason.starts_with(Prefix) ? Reason.substr(Prefix.size()) : Reason;
+}
+
+template <class T>
+T Symbol(void* Library, const char* Name) {
+    return reinterpret_cast<T>(dlsym(Library, Name));
+}
+
+bool Refuse(const char* Key, std::vector<fw::Text> Args) {
+    fw::TLog::Error(Key, std::move(Args));
+    return false;
+}
+
+// Outcome of the version check; the library stays loaded in every case, for its objects may be in use already.
+bool HasOurVersion(void* Library, const fs::path& File) {
+    const auto Version = Symbol<TVersionFunction>(Library, fw::kPackageVersionSymbol);
+    if (!Version || !Symbol<TInitializeFunction>(Library, fw::kPackageInitializeSymbol))
+        return Refuse("Res_PackageNotPackage", {File.string(), LoaderReason(File)});
+    const char* Said = Version();
+    if (Said && std::string(Said) == fw::kFrameworkVersion) return true;
+    return Refuse("Res_PackageWrongVersion", {File.string(), Said ? Said : "", fw::kFrameworkVersion});
 }
 
 }  // namespace
 
-std::vector<TPackageProblem> LoadPackage(const std::filesystem::path& File) {
+bool LoadPackage(const fs::path& File) {
+    static std::set<void*> Initialised;
     std::error_code Ignored;
-    if (!std::filesystem::exists(File, Ignored)) return {{"Res_PackageMissing", {File.string()}}};
-    void* Library = dlopen(File.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!Library) return {{"Res_PackageNotPackage", {File.string(), LastError()}}};
-
-    const auto Version = reinterpret_cast<decltype(&PackageFrameworkVersion)>(dlsym(Library, fw::kPackageVersionSymbol));
-    const auto Initialize = reinterpret_cast<decltype(&PackageInitialize)>(dlsym(Library, fw::kPackageInitializeSymbol));
-    if (!Version || !Initialize) return {{"Res_PackageNotPackage", {File.string(), LastError()}}};
-    if (const std::string Built = Version(); Built != fw::kFrameworkVersion)
-        return {{"Res_PackageWrongVersion", {File.string(), Built, fw::kFrameworkVersion}}};
-    if (!fw::Dispatch(File.filename().string(), [&] { Initialize(); })) return {{"Res_PackageNotPackage", {File.string(), fw::kPackageInitializeSymbol}}};
-    return {};
+    if (!fs::exists(File, Ignored)) return Refuse("Res_PackageMissing", {File.string()});
+    dlerror();
+    void* Library = dlopen(File.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    if (!Library) return Refuse("Res_PackageNotPackage", {File.string(), LoaderReason(File)});
+    if (Initialised.contains(Library)) return true;
+    if (!HasOurVersion(Library, File)) return false;
+    try {
+        Symbol<TInitializeFunction>(Library, fw::kPackageInitializeSymbol)();
+    } catch (const std::exception& Error) {
+        return Refuse("Res_PackageFailed", {File.string(), Error.what()});
+    } catch (...) {
+        return Refuse("Res_PackageFailed", {File.string(), ""});
+    }
+    Initialised.insert(Library);
+    return true;
 }
 
-std::vector<TPackageProblem> LoadPackages(const std::filesystem::path& Folder) {
-    std::error_code Error;
-    std::vector<std::filesystem::path> Files;
-    for (const auto& Entry : std::filesystem::directory_iterator(Folder, Error))
+int LoadPackages(const fs::path& Folder) {
+    std::vector<fs::path> Files;
+    std::error_code Failed;
+    for (const auto& Entry : fs::directory_iterator(Folder, Failed))
         if (Entry.path().extension() == ".so") Files.push_back(Entry.path());
     std::sort(Files.begin(), Files.end());
-    if (Files.empty()) return {{"Res_PackageMissing", {Folder.string()}}};
+    if (Files.empty()) Refuse("Res_PackageMissing", {(Folder / "*.so").string()});
+    return static_cast<int>(std::count_if(Files.begin(), Files.end(), [](const fs::path& File) { return LoadPackage(File); }));
+}
 
-    std::vector<TPackageProblem> Problems;
-    for (const auto& File : Files) {
-        auto Found = LoadPackage(File);
-        std::move(Found.begin(), Found.end(), std::back_inserter(Problems));
-    }
-    return Problems;
+fs::path PackageFolder() {
+    std::error_code Failed;
+    const fs::path Program = fs::read_symlink("/proc/self/exe", Failed);
+    return (Failed ? fs::current_path() : Program.parent_path()) / "packages";
 }
 
 }  // namespace ws

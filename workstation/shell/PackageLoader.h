@@ -2,23 +2,18 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
-#include <vector>
 
 namespace ws {
 
-// Why a package is not there; a resource key and its arguments, the file first.
-struct TPackageProblem {
-    std::string Key;
-    std::vector<std::string> Args;
-};
+// Loads packages: shared libraries built against this framework version. Whatever is wrong with one is said in the log,
+// with the file and the reason, and the program goes on without it. A package is initialised once and never unloaded.
 
-// Loads every package ("*.so") of a folder, in the order of their names: each is opened, its framework version compared,
-// and only then asked to initialise itself. A package that cannot be used is named and left out. Packages stay loaded
-// until the process ends.
-std::vector<TPackageProblem> LoadPackages(const std::filesystem::path& Folder);
+// Every *.so of the folder, in the order of their names; returns how many are there afterwards. None at all is said, too.
+int LoadPackages(const std::filesystem::path& Folder);
 
-// The same for one file.
-std::vector<TPackageProblem> LoadPackage(const std::filesystem::path& File);
+bool LoadPackage(const std::filesystem::path& File);
+
+// packages/ beside the running program.
+std::filesystem::path PackageFolder();
 
 }  // namespace ws

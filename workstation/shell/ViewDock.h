@@ -1,39 +1,76 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QDockWidget>
 
+#include "framework/view/BaseView.h"
 #include "workstation/renderers/FrameRenderer.h"
-#include "workstation/shell/DockTitleBar.h"
+
+class QHBoxLayout;
+class QLabel;
+class QToolButton;
 
 namespace ws {
 
-// One open instance of a view on the screen. Owns what draws the frame; closing is asked for, never done here, because
-// the request may come from a handler of the frame itself.
+// Caption, the view's own buttons, float and close. Dragging it moves the dock.
+class TDockTitleBar : public QWidget {
+public:
+    TDockTitleBar(QDockWidget& Dock, TRenderContext& Context, std::function<void()> OnClose);
+
+    void SetCaption(const QString& Caption);
+    // Icons by name and hints as the view gives them; a click goes to OnButton.
+    void SetButtons(const fw::TCaptionButtonList& Buttons, const fw::TImageList* Images, const std::function<void(int Index)>& OnButton);
+    void Retranslate();
+    const std::vector<QToolButton*>& Buttons() const { return FButtons; }  // the view's, in its order
+    QToolButton& FloatButton() { return *FFloat; }
+    QToolButton& CloseButton() { return *FClose; }
+    QLabel& Caption() { return *FCaption; }
+
+private:
+    QToolButton* AddButton();
+
+    TRenderContext& FContext;
+    QHBoxLayout* FRow;
+    QLabel* FCaption;
+    QToolButton* FFloat;
+    QToolButton* FClose;
+    std::vector<QToolButton*> FButtons;
+};
+
+// One open instance of a view.
 class TViewDock : public QDockWidget {
 public:
-    TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Context, QWidget* Parent);
-    ~TViewDock() override;  // before the frame is closed
+    // OnClose: the user wants it closed; the owner does so when control is back in the loop.
+    TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Context, QWidget* Parent, std::function<void(TViewDock& Dock)> OnClose);
+    ~TViewDock() override;
 
     fw::TIBaseView& View() const { return FView; }
     int64_t Handle() const { return FHandle; }
-    fw::TFrame& Frame() const { return *FView.FindView(FHandle); }
-    TDockTitleBar& TitleBar() const { return *FTitleBar; }
+    fw::TFrame* Frame() const { return FView.FindView(FHandle); }
+    TDockTitleBar& TitleBar() const { return *FTitle; }
+    TFrameRenderer* Renderer() const { return FRenderer; }
 
-    void Retranslate();  // caption and caption buttons
-
-    std::function<void(TViewDock& Dock)> OnCloseRequested;
+    void UpdateCaption();
+    void UpdateButtons();
+    void Retranslate();
+    // Takes the widgets down, then the instance.
+    void CloseInstance();
 
 protected:
     void closeEvent(QCloseEvent* Event) override;
 
 private:
-    fw::TIBaseView& FView;  // borrowed
+    fw::TIBaseView& FView;  // borrowed; outlives the docks
     int64_t FHandle;
-    TDockTitleBar* FTitleBar;
-    fw::TConnections FLinks;
+    TRenderContext& FContext;
+    std::function<void(TViewDock&)> FOnClose;
+    TDockTitleBar* FTitle;
+    TFrameRenderer* FRenderer = nullptr;
+    QSize FDefaultSize;
+    fw::TConnection FSkinLink;
 };
 
 }  // namespace ws

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/shell/Dialogs.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace ws {
+
+TDialogs::~TDialogs() = default;
+
+void TDialogs::Tell(QWidget* Parent, const QString& Message) {
+    QMessageBox Box(QMessageBox::Information, FContext.Translate("Res_AppTitle"), Message, QMessageBox::NoButton, Parent);
+    Box.addButton(FContext.Translate("Res_ButtonOk"), QMessageBox::AcceptRole);
+    Box.exec();
+}
+
+bool TDialogs::Ask(QWidget* Parent, const QString& Question) {
+    return Choose(Parent, Question, {FContext.Translate("Res_ButtonOk")}) == 0;
+}
+
+int TDialogs::Choose(QWidget* Parent, const QString& Question, const QStringList& Answers) {
+    QMessageBox Box(QMessageBox::Question, FContext.Translate("Res_AppTitle"), Question, QMessageBox::NoButton, Parent);
+    QList<QPushButton*> Buttons;
+    for (const QString& Answer : Answers) Buttons << Box.addButton(Answer, QMessageBox::AcceptRole);
+    QPushButton* Cancel = Box.addButton(FContext.Translate("Res_ButtonCancel"), QMessageBox::RejectRole);
+    Box.setEscapeButton(Cancel);
+    Box.exec();
+    return static_cast<int>(Buttons.indexOf(static_cast<QPushButton*>(Box.clickedButton())));
+}
+
+QString TDialogs::AskFile(QWidget* Parent, const QString& Title, const QString& Filter) {
+    return QFileDialog::getOpenFileName(Parent, Title, {}, Filter);
+}
+
+}  // namespace ws

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "workstation/renderers/RenderContext.h"
+
+class QWidget;
+
+namespace ws {
+
+// Every question that the shell asks. Tests answer in its place.
+class TDialogs {
+public:
+    explicit TDialogs(const TRenderContext& Context) : FContext(Context) {}
+    virtual ~TDialogs();
+
+    virtual void Tell(QWidget* Parent, const QString& Message);
+    virtual bool Ask(QWidget* Parent, const QString& Question);
+    // Index of the chosen answer; -1 when the user will have none of them.
+    virtual int Choose(QWidget* Parent, const QString& Question, const QStringList& Answers);
+    virtual QString AskFile(QWidget* Parent, const QString& Title, const QString& Filter);  // empty: none
+
+private:
+    const TRenderContext& FContext;  // borrowed; for the texts of the buttons
+};
+
+}  // namespace ws

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/shell/StartUp.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "framework/base/Clock.h"
+#include "workstation/renderers/QtText.h"
+#include "workstation/resources/Texts.h"
+#include "workstation/shell/PackageLoader.h"
+
+namespace ws {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kSampleVariable[] = "VENTIQ_SAMPLE";  // another folder of sample files
+
+// Friday noon of the third week of a month: monthly and weekly contracts are listed.
+constexpr std::chrono::sys_days kPictureDay = std::chrono::year(2026) / 11 / 20;
+constexpr std::chrono::hours kPictureHour{4};
+
+// The sample files stand beside the program, or in the tree that it was built from.
+fs::path SampleFolder() {
+    if (const char* Given = std::getenv(kSampleVariable); Given && *Given) return Given;
+    const fs::path Installed = PackageFolder().parent_path() / "sample";
+    std::error_code Ignored;
+    return fs::exists(Installed, Ignored) ? Installed : fs::path(VENTIQ_SAMPLE_DIR);
+}
+
+int EnvironmentLanguage() {
+    for (const char* Name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* Value = std::getenv(Name);
+        if (!Value || !*Value) continue;
+        const std::string Locale = Value;
+        if (Locale.starts_with("zh_CN") || Locale.starts_with("zh_SG")) return kLanguageSimplified;
+        return Locale.starts_with("zh") ? kLanguageTraditional : kLanguageEnglish;
+    }
+    return kLanguageEnglish;
+}
+
+}  // namespace
+
+std::string StartUpText(const std::string& Key, const std::vector<std::string>& Args) {
+    return TTextTable::Embedded().Sentence(Key, Args, EnvironmentLanguage());
+}
+
+TWorkstationOptions OptionsOf(const TCommandLine& Line) {
+    TWorkstationOptions Options;
+    Options.SampleFolder = SampleFolder();
+    Options.User = Line.User;
+    Options.InMemory = Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture;
+    if (Line.Mode == ERunMode::Picture) Options.StoreFile = PackageFolder() / "no-such-store";  // the sample alone
+    return Options;
+}
+
+void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line) {
+    if (!Line.Language.empty()) Workstation.SetLanguage(LanguageIndexOf(Line.Language).value_or(kLanguageEnglish));
+    if (!Line.Skin.empty()) Workstation.SetSkin(Line.Skin);
+}
+
+void FixPictureClock() { fw::TClock::Fix(kPictureDay + kPictureHour); }
+
+void TellStartFailure(const std::string& Key, const std::vector<std::string>& Args, const TCommandLine& Line) {
+    const std::string Text = StartUpText(Key, Args);
+    std::cerr << Text << '\n';
+    if (Line.Mode != ERunMode::Window || !qApp || QApplication::platformName() == QLatin1String("offscreen")) return;
+    QMessageBox Box(QMessageBox::Critical, ToQt(StartUpText("Res_AppTitle", {})), ToQt(Text));
+    Box.exec();
+}
+
+TLogPrinter::TLogPrinter(TWorkstation& Workstation) {
+    FLink = fw::TLog::Entries().Connect([&Workstation](const fw::TLogEntry& Entry) {
+        if (Entry.Level != fw::ELogLevel::Info) std::cerr << Workstation.Language().Resource(Entry.Key, Entry.Args) << '\n';
+    });
+}
+
+}  // namespace ws

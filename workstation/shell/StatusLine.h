@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include "workstation/shell/MessageList.h"
+
+namespace ws {
+
+// What is missing to go on, and the newest warning or error; a click on that opens the messages.
+class TStatusLine : public QStatusBar {
+public:
+    TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidget* Parent);
+
+    // Resource key; null: nothing is missing.
+    void ShowHint(const char* Key);
+    // Stands for some seconds before the hint comes back.
+    void ShowRefusal(const char* Key);
+    void Retranslate();
+    QString Hint() const { return FHint->text(); }
+    QString Problem() const { return FProblem->text(); }
+
+    std::function<void()> OnProblemClicked;
+
+private:
+    void UpdateProblem();
+
+    TMessageList& FMessages;
+    TRenderContext& FContext;
+    QLabel* FHint;
+    QToolButton* FProblem;
+    const char* FHintKey = nullptr;
+    const char* FRefusalKey = nullptr;
+    int FRefusalRound = 0;
+    fw::TConnections FLinks;
+};
+
+}  // namespace ws

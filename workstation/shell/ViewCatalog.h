@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "framework/view/BaseView.h"
+
+namespace ws {
+
+// The descriptors of every view that packages have registered, in order of registration; one object each. Destroying
+// the catalog closes what is still open.
+class TViewCatalog {
+public:
+    // Adds descriptors of classes that were registered since. Classes that are no views, or fail, are passed over; a
+    // failure is logged.
+    void Reload();
+    const std::vector<std::unique_ptr<fw::TIBaseView>>& Views() const { return FViews; }
+    fw::TIBaseView* ViewOf(const fw::TFrame& Frame) const;  // null when nobody has it open
+
+private:
+    std::vector<fw::Text> FKnown;
+    std::vector<std::unique_ptr<fw::TIBaseView>> FViews;
+};
+
+// A menu or entry that the descriptors ask for. Entries have a view and no children.
+struct TMenuNode {
+    int Id = 0;
+    int Index = 0;
+    int Group = 0;
+    fw::Text Caption;
+    fw::TIBaseView* View = nullptr;
+    std::vector<TMenuNode> Children;
+};
+
+// The visible views by their menu levels: nodes with one id on one level are one menu; by index, then by order of
+// registration. A view that throws is left out, with one line in the log.
+std::vector<TMenuNode> MenuOf(const TViewCatalog& Catalog);
+
+}  // namespace ws

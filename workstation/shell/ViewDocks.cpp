@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workstation/shell/ViewDocks.h"
+
+#include <algorithm>
+
+#include <QApplication>
+
+#include "framework/base/Const.h"
+#include "framework/base/Log.h"
+#include "workstation/renderers/QtText.h"
+
+namespace ws {
+
+TViewDocks::TViewDocks(QMainWindow& Window, TViewCatalog& Catalog, TRenderContext& Context, TDialogs& Dialogs)
+    : FWindow(Window), FCatalog(Catalog), FContext(Context), FDialogs(Dialogs), FGuard(std::make_unique<QObject>()) {
+    FNotifyLink = fw::Baseview::Notifications().Connect([this](fw::TFrame* Frame, int Code) {
+        TViewDock* Dock = Frame && Code == fw::kViewNotifyCaptionButtons ? DockOf(*Frame) : nullptr;
+        if (Dock) Dock->UpdateButtons();
+    });
+    QObject::connect(qApp, &QApplication::focusChanged, FGuard.get(), [this](QWidget*, QWidget* Now) {
+        for (TViewDock* Dock : FDocks)
+            if (Now && Dock->isAncestorOf(Now)) FLast = Dock;
+    });
+}
+
+TViewDocks::~TViewDocks() { CloseAll(); }
+
+TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
+    int64_t Handle = 0;
+    fw::Text Reason;
+    try {
+        Handle = View.OpenNewInstance();
+    } catch (const std::exception& Error) {
+        Reason = Error.what();
+    } catch (...) {
+        Reason = View.GetName();
+    }
+    if (Handle == 0 || !View.FindView(Handle)) {
+        fw::Text Caption;
+        if (!View.GetDefaultCaption(Caption)) Caption = View.GetName();
+        fw::TLog::Error("Res_ViewOpenFailed", {Caption, Reason});
+        FDialogs.Tell(&FWindow, FContext.Translate("Res_ViewOpenFailed", {Caption, Reason}));
+        return nullptr;
+    }
+    auto* Dock = new TViewDock(View, Handle, FContext, &FWindow, [this](TViewDock& Closed) { CloseLater(Closed); });
+    TViewDock* Beside = Current();
+    FWindow.addDockWidget(Qt::TopDockWidgetArea, Dock);
+    if (Beside && !Beside->isFloating()) FWindow.tabifyDockWidget(Beside, Dock);
+    FDocks.push_back(Dock);
+    FLast = Dock;
+    Dock->show();
+    Dock->raise();
+    View.ActiveView(Handle);
+    OnChanged();
+    return Dock;
+}
+
+void TViewDocks::CloseLater(TViewDock& Dock) {
+    TViewDock* Wanted = &Dock;
+    QMetaObject::invokeMethod(
+        FGuard.get(),
+        [this, Wanted] {
+            if (std::find(FDocks.begin(), FDocks.end(), Wanted) != FDocks.end()) Close(*Wanted);
+        },
+        Qt::QueuedConnection);
+}
+
+void TViewDocks::Close(TViewDock& Dock) {
+    if (fw::TFrame* Frame = Dock.Frame()) OnFrameGoes(*Frame);
+    std::erase(FDocks, &Dock);
+    if (FLast == &Dock) FLast = FDocks.empty() ? nullptr : FDocks.back();
+    delete &Dock;
+    OnChanged();
+}
+
+void TViewDocks::CloseAll() {
+    while (!FDocks.empty()) Close(*FDocks.back());
+}
+
+TViewDock* TViewDocks::DockOf(const fw::TFrame& Frame) const {
+    for (TViewDock* Dock : FDocks)
+        if (Dock->Handle() == Frame.GetHandle()) return Dock;
+    return nullptr;
+}
+
+TViewDock* TViewDocks::Current() const { return FLast; }
+
+void TViewDocks::SetLanguage(int Language) {
+    for (TViewDock* Dock : FDocks) {
+        Dock->View().SetLanguage(Dock->Handle(), Language);
+        Dock->Retranslate();
+    }
+}
+
+}  // namespace ws

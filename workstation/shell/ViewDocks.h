@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QMainWindow>
+
+#include "framework/base/Signal.h"
+#include "workstation/shell/Dialogs.h"
+#include "workstation/shell/ViewCatalog.h"
+#include "workstation/shell/ViewDock.h"
+
+namespace ws {
+
+// The open instances and their docks. Borrows the window, which owns the docks as widgets.
+class TViewDocks {
+public:
+    TViewDocks(QMainWindow& Window, TViewCatalog& Catalog, TRenderContext& Context, TDialogs& Dialogs);
+    ~TViewDocks();
+
+    // A new instance in a dock of its own, beside the others as a tab. What the construction throws is shown to the user,
+    // and nothing is left behind; null then.
+    TViewDock* Open(fw::TIBaseView& View);
+    void CloseLater(TViewDock& Dock);  // when control is back in the loop
+    void CloseAll();                   // at once; for the end of the program
+
+    const std::vector<TViewDock*>& Docks() const { return FDocks; }
+    TViewDock* DockOf(const fw::TFrame& Frame) const;
+    // The dock with the focus, else the one that was used last; null without any.
+    TViewDock* Current() const;
+
+    void SetLanguage(int Language);
+
+    fw::TSignal<> OnChanged;                // opened or closed
+    fw::TSignal<fw::TFrame&> OnFrameGoes;   // before an instance is destroyed
+
+private:
+    void Close(TViewDock& Dock);
+
+    QMainWindow& FWindow;
+    TViewCatalog& FCatalog;
+    TRenderContext& FContext;
+    TDialogs& FDialogs;
+    std::vector<TViewDock*> FDocks;  // in order of opening; children of the window
+    TViewDock* FLast = nullptr;
+    fw::TConnection FNotifyLink;
+    std::unique_ptr<QObject> FGuard;  // ends what waits in the loop
+};
+
+}  // namespace ws
