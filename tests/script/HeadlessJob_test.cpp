@@ -1,39 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workstation/script/HeadlessJob.h"
-
-#include <fstream>
-#include <sstream>
-
-#include "framework/base/Package.h"
-#include "registration/VentiqInterface.h"
-#include "tests/services/ServiceFixture.h"
-#include "workstation/script/FirstStart.h"
+#include "tests/script/JobFixture.h"
 #include "workstation/script/StrategyRun.h"
 
 namespace ws {
 
-class THeadlessJobTest : public TServiceFixture {
-protected:
-    ventiq::TIVentiq View;
-    std::ostringstream Out, Errors;
-    THeadlessJobTest() { Open(); }
-
-    int RunJob(std::vector<std::string> Arguments) {
-        Arguments.insert(Arguments.begin(), {"--headless", "--out", (Folder / "out").string()});
-        THeadlessHost Host;
-        Host.Wait = [this](int) { Run(1); };
-        Host.DrawView = [](fw::TFrame& Frame, const std::filesystem::path& File) {
-            return static_cast<bool>(std::ofstream(File) << Frame.Controls().Controls().size());
-        };
-        return RunHeadlessJob(*Station, View, ParseCommandLine(Arguments), Host, Out, Errors);
-    }
-    std::vector<std::string> Lines(const char* File) {
-        std::ifstream Stream(Folder / "out" / File);
-        std::vector<std::string> Result;
-        for (std::string Line; std::getline(Stream, Line);) Result.push_back(Line);
-        return Result;
-    }
-};
+class THeadlessJobTest : public TJobFixture {};
 
 TEST_F(THeadlessJobTest, ALongCallIsTabulated) {
     ASSERT_EQ(RunJob({"--leg", "HSI26400L6,buy,500,2", "--down", "26000", "--up", "27000", "--interval", "200"}), kExitDone) << Errors.str();
