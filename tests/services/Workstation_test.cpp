@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "framework/base/Errors.h"
 #include "tests/services/ServiceFixture.h"
 
 namespace ws {
