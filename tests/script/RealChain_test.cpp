@@ -30,9 +30,9 @@ TEST_F(TImportedChainTest, BadLinesRefuseTheFileUnlessTheyAreSkipped) {
 
 // A real chain: a call spread on the index's own month, every row against the formula written out.
 TEST_F(TImportedChainTest, ASpreadOnARealChain) {
-    const char* Folder = std::getenv("VENTIQ_CHAINS");
-    if (!Folder) GTEST_SKIP() << "VENTIQ_CHAINS is not set: no real option chain to calculate on";
-    const auto File = std::filesystem::path(Folder) / "spx_quotedata_2023-02-03.csv";
+    const char* Chains = std::getenv("VENTIQ_CHAINS");
+    if (!Chains) GTEST_SKIP() << "VENTIQ_CHAINS is not set: no real option chain to calculate on";
+    const auto File = std::filesystem::path(Chains) / "spx_quotedata_2023-02-03.csv";
     ASSERT_TRUE(std::filesystem::exists(File)) << File;
     ASSERT_EQ(RunJob({"--import", File.string(), "--leg", "SPX230217C04100000,buy,118.5,2", "--leg", "SPX230217C04200000,sell,62.25,2", "--down", "4000",
                       "--up", "4300", "--interval", "12.5"}),
