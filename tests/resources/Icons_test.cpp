@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workstation/resources/Icons.h"
-
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <QImage>
-#include <QPixmap>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <algorithm>
 #include <iterator>
 #include <set>
 #include <string>
@@ -13,36 +12,30 @@
 namespace ws {
 namespace {
 
-QImage Drawn(const char* Name) {
-    return IconByName(Name).pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32);
-}
-
-int PaintedPixels(const QImage& Image) {
-    int Count = 0;
-    for (int Y = 0; Y < Image.height(); ++Y) {
-        for (int X = 0; X < Image.width(); ++X) Count += qAlpha(Image.pixel(X, Y)) > 0 ? 1 : 0;
+// The icon's shape alone: the window draws it in one colour of the skin.
+std::string Shape(const char* Name, int Size) {
+    QImage Image(Size, Size, QImage::Format_ARGB32);
+    Image.fill(Qt::transparent);
+    QPainter Painter(&Image);
+    QSvgRenderer(QStringLiteral(":/icons/%1.svg").arg(Name)).render(&Painter);
+    Painter.end();
+    std::string Result;
+    for (int Y = 0; Y < Size; ++Y) {
+        for (int X = 0; X < Size; ++X) Result += qAlpha(Image.pixel(X, Y)) > 96 ? '#' : ' ';
     }
-    return Count;
+    return Result;
 }
 
-TEST(Icons, EachIsDrawnAndTellsItselfFromTheOthers) {
-    int Argc = 1;
-    char Program[] = "icons";
-    char* Argv[] = {Program, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication Application(Argc, Argv);
-    std::set<std::string> Pictures;
+TEST(Icons, AreDrawnAndToldApartByShapeAloneInACaption) {
+    std::set<std::string> Shapes;
     const char* const kNames[] = {"less", "more", "show-hint", "hide-hint", "workstation"};
     for (const char* Name : kNames) {
-        SCOPED_TRACE(Name);
-        const QImage Image = Drawn(Name);
-        EXPECT_GE(Image.width(), 16);
-        EXPECT_GT(PaintedPixels(Image), 50);
-        Pictures.insert(std::string(reinterpret_cast<const char*>(Image.constBits()),
-                                    static_cast<std::size_t>(Image.sizeInBytes())));
+        const std::string Drawn = Shape(Name, 16);
+        EXPECT_GT(std::count(Drawn.begin(), Drawn.end(), '#'), 20) << Name;
+        Shapes.insert(Drawn);
     }
-    EXPECT_EQ(Pictures.size(), std::size(kNames));
-    EXPECT_TRUE(IconByName("nothing").isNull());
+    EXPECT_EQ(Shapes.size(), std::size(kNames));
+    EXPECT_EQ(Shape("nothing", 16), std::string(16 * 16, ' '));
 }
 
 }  // namespace
