@@ -50,6 +50,16 @@ install_packages() {
 # A variable of a configured build folder; empty when there is none.
 cached() { sed -n "s/^$2:[A-Z]*=//p" "$1/CMakeCache.txt" 2>/dev/null || true; }
 
+# One build at a time in a checkout: a second ./run or ./test waits for the first. Held until unlock_build.
+lock_build() {
+  mkdir -p "$top/build"
+  exec 9>"$top/build/.lock"
+  flock -n 9 && return
+  say "Another build of this checkout is under way: waiting for it"
+  flock 9
+}
+unlock_build() { exec 9>&-; }
+
 # configure PRESET: only the first time, when the checkout was moved, or when CI turns warnings into errors or back.
 configure() {
   local dir=$top/build/$1 werror=OFF home
