@@ -16,7 +16,6 @@ namespace ws {
 
 namespace {
 
-constexpr double kMaxTicks = 40;       // a step that asks for more than these marks is left to the plot
 constexpr int kShadeAlpha = 38;        // of 255
 constexpr double kLineWidth = 2.0;
 
@@ -42,15 +41,36 @@ TPoints OneSide(const TPoints& Line, double Sign) {
     return Result;
 }
 
-// Marks with grouped numbers; the spacing is the model's where it gives one that fits.
+// Markers that stand on the edge of the axes are drawn whole.
+class TMarkedCurve : public QCPCurve {
+public:
+    TMarkedCurve(QCPAxis* X, QCPAxis* Y, int Overhang) : QCPCurve(X, Y), FOverhang(Overhang) {}
+
+protected:
+    QRect clipRect() const override { return QCPCurve::clipRect().adjusted(-FOverhang, -FOverhang, FOverhang, FOverhang); }
+
+private:
+    int FOverhang;  // pixels
+};
+
+constexpr double kStepFactors[] = {1, 2, 4, 5, 10, 20};
+
+// Marks with grouped numbers; the spacing is the model's, or a multiple of it that leaves room for the numbers. Where
+// neither does, it is the plot's own.
 class TNumberTicker : public QCPAxisTicker {
 public:
     double Step = 0.0;
+    double MaxTicks = 10;
     double LastStep = 0.0;
 
 protected:
     double getTickStep(const QCPRange& Range) override {
-        LastStep = Step > 0 && Range.size() / Step <= kMaxTicks ? Step : QCPAxisTicker::getTickStep(Range);
+        for (const double Factor : kStepFactors) {
+            LastStep = Step * Factor;
+            if (LastStep > 0 && Range.size() / LastStep <= MaxTicks) return LastStep;
+        }
+        setTickCount(std::clamp(static_cast<int>(MaxTicks / 2), 2, 6));
+        LastStep = QCPAxisTicker::getTickStep(Range);
         return LastStep;
     }
     QString getTickLabel(double Tick, const QLocale&, QChar, int) override {
@@ -79,6 +99,7 @@ private:
     void AddLine(const fw::TLineSeries& Series);
     void AddShade(const TPoints& Points, double Sign, const char* ColorKey);
     void SetRanges(fw::TChart& Model);
+    void SetTickRoom();
 
     TRenderContext& FContext;
     QCPTextElement* FTitle;
@@ -92,6 +113,7 @@ TChartRenderer::TPlot::TPlot(fw::TChart& Model, TRenderContext& Context, QWidget
     FPlot->setMouseTracking(true);
     FPlot->setFocusPolicy(Qt::NoFocus);
     FPlot->plotLayout()->insertRow(0);
+    FPlot->axisRect()->setMinimumMargins(QMargins(0, 0, Context.Scaled(32), 0));  // half of the last number
     FTitle = new QCPTextElement(FPlot, QString());
     FPlot->plotLayout()->addElement(0, 0, FTitle);
     FPlot->xAxis->setTicker(FBottomTicker);
@@ -138,7 +160,7 @@ void TChartRenderer::TPlot::AddLine(const fw::TLineSeries& Series) {
         AddShade(Points, 1.0, "coProfit");
         AddShade(Points, -1.0, "coLoss");
     }
-    auto* Line = new QCPCurve(FPlot->xAxis, FPlot->yAxis);
+    auto* Line = new TMarkedCurve(FPlot->xAxis, FPlot->yAxis, Series.PointerVisible ? FContext.Scaled(Series.PointerSize) + 1 : 0);
     for (const QPointF& P : Points) Line->addData(P.x(), P.y());
     const QColor Color = Series.GetColor() ? ToQColor(*Series.GetColor()) : FContext.Color("coChartLine");
     Line->setPen(QPen(Color, kLineWidth, Series.PointerVisible ? Qt::SolidLine : Qt::DashLine));
@@ -176,9 +198,17 @@ void TChartRenderer::TPlot::SetRanges(fw::TChart& Model) {
     FLeftTicker->Step = Model.LeftAxis().GetIncrement();
 }
 
+void TChartRenderer::TPlot::SetTickRoom() {
+    const QFontMetrics Metrics(QApplication::font());
+    const QSize Room = FPlot->size();
+    FLeftTicker->MaxTicks = std::max(2.0, (Room.height() - 4.0 * Metrics.height()) / (1.4 * Metrics.height()));
+    FBottomTicker->MaxTicks = std::max(2.0, Room.width() / (10.0 * Metrics.averageCharWidth()));
+}
+
 void TChartRenderer::TPlot::Fill(fw::TChart& Model) {
     FPlot->clearPlottables();
     FLines = 0;
+    SetTickRoom();
     Style(Model);
     SetRanges(Model);
     for (const fw::TLineSeries* Series : Model.Series()) AddLine(*Series);
@@ -230,7 +260,9 @@ void TChartRenderer::Redraw() {
 
 bool TChartRenderer::eventFilter(QObject* Watched, QEvent* Event) {
     if (Watched != FPlot->FPlot || !FModel) return QWidget::eventFilter(Watched, Event);
-    if (Event->type() == QEvent::MouseMove) {
+    if (Event->type() == QEvent::Resize) {
+        DrawLater();
+    } else if (Event->type() == QEvent::MouseMove) {
         const QPoint At = static_cast<QMouseEvent*>(Event)->position().toPoint() + FPlot->FPlot->pos();
         fw::Dispatch("MouseMove", [&] { FModel->MouseMove(At.x(), At.y()); });
     } else if (Event->type() == QEvent::Leave) {

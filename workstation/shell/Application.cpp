@@ -4,7 +4,9 @@
 #include <cstdio>
 
 #include <QFont>
-#include <QFontDatabase>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 #include "framework/base/Dispatch.h"
 
@@ -20,12 +22,33 @@ void HandleToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& M
     std::fprintf(stderr, "%s\n", qUtf8Printable(Message));
 }
 
+// Borders and grid lines in the skin's own colours; the base style derives them from the window's, which a dark skin
+// swallows.
+class TSkinStyle : public QProxyStyle {
+public:
+    TSkinStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement Element, const QStyleOption* Option, QPainter* Painter, const QWidget* Widget) const override {
+        if (Element != PE_FrameLineEdit && Element != PE_Frame) return QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
+        const bool Focused = Element == PE_FrameLineEdit && (Option->state & State_HasFocus);
+        Painter->save();
+        Painter->setPen(Option->palette.color(Focused ? QPalette::Highlight : QPalette::Mid));
+        Painter->setBrush(Qt::NoBrush);
+        Painter->drawRect(Option->rect.adjusted(0, 0, -1, -1));
+        Painter->restore();
+    }
+    int styleHint(StyleHint Hint, const QStyleOption* Option, const QWidget* Widget, QStyleHintReturn* Data) const override {
+        if (Hint == SH_Table_GridLineColor && Option) return static_cast<int>(Option->palette.color(QPalette::Midlight).rgb());
+        return QProxyStyle::styleHint(Hint, Option, Widget, Data);
+    }
+};
+
 }  // namespace
 
 TApplication::TApplication(int& ArgumentCount, char** Arguments) : QApplication(ArgumentCount, Arguments) {
     qInstallMessageHandler(HandleToolkitMessage);
     setApplicationName(QStringLiteral("ventiq-workstation"));
-    setStyle(QStringLiteral("Fusion"));
+    setStyle(new TSkinStyle);
     QFont Font;
     Font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("WenQuanYi Micro Hei")});
     Font.setPointSize(kFontPoints);

@@ -37,7 +37,6 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     setDockOptions(QMainWindow::AllowNestedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AnimatedDocks);
     addDockWidget(Qt::BottomDockWidgetArea, FPanel);
     resize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()));
-    resizeDocks({FPanel}, {Context.Scaled(kMessagesHeight)}, Qt::Vertical);
     FDocks = std::make_unique<TViewDocks>(*this, FCatalog, Context, *FDialogs);
     FStatus->OnProblemClicked = [this] {
         FPanel->show();
@@ -48,7 +47,10 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
         FPopups.Forget(Frame);
         if (FRunFrame == &Frame) FRun.reset(), FRunFrame = nullptr;
     });
-    FLinks += FDocks->OnChanged.Connect([this] { UpdateHint(); });
+    FLinks += FDocks->OnChanged.Connect([this] {
+        UpdateHint();
+        if (FDocks->Docks().size() == 1) GiveRoomToViews();
+    });
     FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) { return FPopups.MakeContent(Popup, Parent); };
     FContext.OnEditRefused = [this](fw::TGridTableView&) {
         TViewDock* Dock = FDocks->Current();
@@ -80,6 +82,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
 TMainWindow::~TMainWindow() {
     FTick.stop();
     FRun.reset();
+    FDocks->CloseAll();
     FDocks.reset();
     FWorkstation.SetOnWork({});
     FWorkstation.MessageBox().OnShow = nullptr;
@@ -151,6 +154,18 @@ void TMainWindow::PollRun() {
     } catch (const EStoreError& Error) {
         fw::TLog::Error(Error.Key(), Error.Args());
     }
+}
+
+// The first view gets what the messages do not need; from then on the border is the user's.
+void TMainWindow::GiveRoomToViews() {
+    TViewDock* First = FDocks->Docks().front();
+    const int Messages = FContext.Scaled(kMessagesHeight);
+    resizeDocks({First, FPanel}, {std::max(Messages, height() - Messages), Messages}, Qt::Vertical);
+}
+
+void TMainWindow::showEvent(QShowEvent* Event) {
+    QMainWindow::showEvent(Event);
+    if (FDocks->Docks().size() == 1) GiveRoomToViews();
 }
 
 void TMainWindow::UpdateHint() {

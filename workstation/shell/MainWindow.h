@@ -47,7 +47,11 @@ public:
     TMessagesPanel& Panel() { return *FPanel; }
     TStatusLine& Status() { return *FStatus; }
 
+protected:
+    void showEvent(QShowEvent* Event) override;
+
 private:
+    void GiveRoomToViews();
     void BuildMenus();
     void BuildFileMenu();
     void BuildViewMenu();

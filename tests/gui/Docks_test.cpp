@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include "framework/base/ClassRegistry.h"
+#include "tests/gui/FakeDialogs.h"
+#include "tests/gui/TestFrame.h"
+#include "tests/support/FakeHost.h"
+#include "workstation/renderers/GridRenderer.h"
+#include "workstation/shell/MissingHint.h"
+#include "workstation/shell/ViewDocks.h"
+
+namespace gui {
+
+using TTexts = std::vector<fw::Text>;
+
+class DocksTest : public testing::Test {
+protected:
+    DocksTest() : Dialogs(Context), Docks(Window, Catalog, Context, Dialogs) {
+        Context.SetSkin("Light");
+        TTestView::Visible = true;
+        TTestView::FailToOpen = false;
+        fw::TClassRegistry::RegisterClass("TTestView", [] { return std::make_unique<TTestView>(); });
+        fw::TClassRegistry::RegisterClass("TNoView", [] { return std::make_unique<fw::TObject>(); });
+        Catalog.Reload();
+        for (const auto& Each : Catalog.Views())
+            if (dynamic_cast<TTestView*>(Each.get())) View = Each.get();
+        Host.Language.SetText("Res_Ventiq", "Payoff");
+        Host.Language.SetText(1, Const::ResourceStringTag, "Res_Ventiq", "Ertrag");
+        Host.Language.SetText(1, Const::ResourceStringTag, "Res_Calculate", "Rechnen");
+        Window.resize(1200, 800);
+        Window.show();
+    }
+    ~DocksTest() override {
+        Docks.CloseAll();
+        TTestView::Visible = false;
+    }
+    static TTestFrame& FrameOf(ws::TViewDock& Dock) { return dynamic_cast<TTestFrame&>(*Dock.Frame()); }
+
+    support::TFakeHost Host;
+    ws::TRenderContext Context;
+    QMainWindow Window;
+    ws::TViewCatalog Catalog;
+    TFakeDialogs Dialogs;
+    ws::TViewDocks Docks;
+    fw::TIBaseView* View = nullptr;
+};
+
+TEST_F(DocksTest, AViewOpensInADockWithItsCaptionAndButtons) {
+    ASSERT_NE(View, nullptr);
+    ws::TViewDock* Dock = Docks.Open(*View);
+    ASSERT_NE(Dock, nullptr);
+    EXPECT_EQ(Dock->windowTitle(), "Payoff");
+    EXPECT_EQ(Dock->TitleBar().Caption().text(), "Payoff");
+    EXPECT_TRUE(Dock->isVisible());
+    EXPECT_EQ(View->OpenViews(), std::vector<int64_t>{Dock->Handle()});
+    ASSERT_EQ(Dock->TitleBar().Buttons().size(), 2u);
+    EXPECT_FALSE(Dock->TitleBar().Buttons()[0]->icon().isNull());
+}
+
+TEST_F(DocksTest, ACaptionButtonReachesTheViewAndItsNotificationTheTitleBar) {
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    QToolButton* More = Dock.TitleBar().Buttons()[0];
+    QTest::mouseClick(More, Qt::LeftButton);
+    EXPECT_EQ(FrameOf(Dock).MoreButton.State, 1);
+    EXPECT_EQ(More->toolTip(), "Res_More");
+    EXPECT_FALSE(FrameOf(Dock).DetailItem.IsVisible());
+    QTest::mouseClick(More, Qt::LeftButton);
+    EXPECT_EQ(More->toolTip(), "Res_Less");
+}
+
+TEST_F(DocksTest, ACaptionButtonThatThrowsIsLoggedAndTheNextClickWorks) {
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    QTest::mouseClick(Dock.TitleBar().Buttons()[1], Qt::LeftButton);
+    EXPECT_EQ(Host.TakeErrors().size(), 1u);
+    QTest::mouseClick(Dock.TitleBar().Buttons()[0], Qt::LeftButton);
+    EXPECT_EQ(FrameOf(Dock).MoreButton.State, 1);
+}
+
+TEST_F(DocksTest, SeveralInstancesStandSideBySideAndCloseOneByOne) {
+    ws::TViewDock* First = Docks.Open(*View);
+    ws::TViewDock* Second = Docks.Open(*View);
+    EXPECT_NE(First->Handle(), Second->Handle());
+    EXPECT_EQ(Window.tabifiedDockWidgets(First), QList<QDockWidget*>{Second});
+    FrameOf(*First).Down.SetValue(1.0);
+    EXPECT_TRUE(FrameOf(*Second).Down.GetValue().IsNull());
+    QTest::mouseClick(&First->TitleBar().CloseButton(), Qt::LeftButton);
+    EXPECT_EQ(Docks.Docks().size(), 2u);  // closed when control is back in the loop
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Docks.Docks().size() == 1; }));
+    EXPECT_EQ(View->OpenViews(), std::vector<int64_t>{Second->Handle()});
+    EXPECT_EQ(Docks.Current(), Second);
+    Second->close();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Docks.Docks().empty(); }));
+    EXPECT_TRUE(View->OpenViews().empty());
+}
+
+TEST_F(DocksTest, ADockFloatsAtTheViewsDefaultSizeAndComesBack) {
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    QTest::mouseClick(&Dock.TitleBar().FloatButton(), Qt::LeftButton);
+    EXPECT_TRUE(Dock.isFloating());
+    EXPECT_EQ(Dock.size(), QSize(Context.Scaled(700), Context.Scaled(500)));
+    QTest::mouseClick(&Dock.TitleBar().FloatButton(), Qt::LeftButton);
+    EXPECT_FALSE(Dock.isFloating());
+}
+
+TEST_F(DocksTest, AViewThatCannotBeBuiltIsSaidAndLeavesNothing) {
+    TTestView::FailToOpen = true;
+    EXPECT_EQ(Docks.Open(*View), nullptr);
+    EXPECT_TRUE(Docks.Docks().empty());
+    EXPECT_TRUE(View->OpenViews().empty());
+    EXPECT_EQ(Host.TakeErrors(), TTexts{"Res_ViewOpenFailed(Payoff, no room for a view)"});
+    EXPECT_EQ(Dialogs.Told.size(), 1u);
+    EXPECT_TRUE(Window.findChildren<QDockWidget*>().empty());
+    TTestView::FailToOpen = false;
+    EXPECT_NE(Docks.Open(*View), nullptr);
+}
+
+TEST_F(DocksTest, ClosingWithAnOpenEditorIsHarmless) {
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    FrameOf(Dock).Grid.StartEdit(0, 0);
+    auto* Grid = dynamic_cast<ws::TGridRenderer*>(Dock.findChild<QTableView*>());
+    ASSERT_NE(Grid, nullptr);
+    ASSERT_NE(Grid->GetEditorWidget(), nullptr);
+    QTest::keyClicks(Grid->GetEditorWidget()->FocusWidget(), "half");
+    Dock.close();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Docks.Docks().empty(); }));
+}
+
+TEST_F(DocksTest, ASwitchOfLanguagePostsTheEditorAndRenamesEverything) {
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    FrameOf(Dock).Grid.StartEdit(0, FrameOf(Dock).ColumnOf(kPremium));
+    FrameOf(Dock).Grid.GetEditor()->SetEditText("12");
+    Host.Language.Language = 1;
+    Docks.SetLanguage(1);
+    EXPECT_EQ(FrameOf(Dock).Grid.GetEditor(), nullptr);
+    EXPECT_EQ(FrameOf(Dock).Cell(0, kPremium).AsFloat(), 12.0);
+    EXPECT_EQ(Dock.windowTitle(), "Ertrag");
+    bool Found = false;
+    for (auto* Button : Dock.findChildren<QPushButton*>()) Found |= Button->text() == "Rechnen";
+    EXPECT_TRUE(Found);
+}
+
+TEST_F(DocksTest, MenusFollowTheDescriptorsLevels) {
+    const auto Menu = ws::MenuOf(Catalog);
+    ASSERT_EQ(Menu.size(), 1u);
+    EXPECT_EQ(Menu[0].Id, 103);
+    EXPECT_EQ(Menu[0].Caption, "Res_Account");
+    EXPECT_EQ(Menu[0].View, nullptr);
+    ASSERT_EQ(Menu[0].Children.size(), 1u);
+    EXPECT_EQ(Menu[0].Children[0].Index, 3950);
+    EXPECT_EQ(Menu[0].Children[0].Caption, "Payoff");
+    EXPECT_EQ(Menu[0].Children[0].View, View);
+    TTestView::Visible = false;
+    EXPECT_TRUE(ws::MenuOf(Catalog).empty());
+}
+
+TEST_F(DocksTest, TheHintNamesWhatIsMissingNext) {
+    TTestFrame& Frame = FrameOf(*Docks.Open(*View));
+    EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintChooseMarket");
+    EXPECT_STREQ(ws::RefusedHint(Frame), "Res_HintChooseMarket");
+    Frame.Combo.AddItem("HKFE");
+    Frame.Combo.SetItemIndex(0);
+    EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintTypeSymbol");
+    EXPECT_STREQ(ws::RefusedHint(Frame), "Res_HintRowFixed");
+    Frame.Grid.GetDataController().SetValue(0, 0, "AAA");
+    EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintCalculate");
+    Frame.Line.AddXY(1, 1);
+    EXPECT_EQ(ws::MissingHint(Frame), nullptr);
+}
+
+}  // namespace gui

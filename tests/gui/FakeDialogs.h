@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "workstation/renderers/QtText.h"
+#include "workstation/shell/Dialogs.h"
+
+namespace gui {
+
+// Remembers what was told and asked, and answers as the test says.
+class TFakeDialogs : public ws::TDialogs {
+public:
+    using TDialogs::TDialogs;
+    std::vector<fw::Text> Told, Asked;
+    bool Yes = true;
+    int Choice = -1;
+    QString File;
+
+    void Tell(QWidget*, const QString& Message) override { Told.push_back(ws::FromQt(Message)); }
+    bool Ask(QWidget*, const QString& Question) override {
+        Asked.push_back(ws::FromQt(Question));
+        return Yes;
+    }
+    int Choose(QWidget*, const QString& Question, const QStringList&) override {
+        Asked.push_back(ws::FromQt(Question));
+        return Choice;
+    }
+    QString AskFile(QWidget*, const QString&, const QString&) override { return File; }
+};
+
+}  // namespace gui

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The whole program with the real package, on the sample market in memory.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <fstream>
+
+#include "framework/base/Clock.h"
+#include "framework/controls/Chart.h"
+#include "framework/controls/ComboBox.h"
+#include "tests/gui/FakeDialogs.h"
+#include "workstation/renderers/GridRenderer.h"
+#include "workstation/shell/MainWindow.h"
+#include "workstation/shell/PackageLoader.h"
+#include "workstation/shell/Picture.h"
+
+namespace gui {
+
+namespace fs = std::filesystem;
+
+class MainWindowTest : public testing::Test {
+protected:
+    MainWindowTest() {
+        fw::TClock::Fix(std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + std::chrono::hours(4));
+        Folder = fs::temp_directory_path() / ("shell-" + std::to_string(::getpid()));
+        fs::create_directories(Folder);
+        ws::TWorkstationOptions Options;
+        Options.StoreFile = Folder / "none.db";
+        Options.InMemory = true;
+        Options.SampleFolder = TEST_SAMPLE_FOLDER;
+        Workstation = std::make_unique<ws::TWorkstation>(Options);
+        Context.SetSkin("Light");
+        auto Given = std::make_unique<TFakeDialogs>(Context);
+        Dialogs = Given.get();
+        Window = std::make_unique<ws::TMainWindow>(*Workstation, Context, std::move(Given));
+        EXPECT_TRUE(ws::LoadPackage(TEST_PACKAGE));
+        Window->ReloadViews();
+        Window->show();
+    }
+    ~MainWindowTest() override {
+        Window.reset();
+        Workstation.reset();
+        fs::remove_all(Folder);
+        fw::TClock::Fix({});
+    }
+
+    fw::TFrame& PlayFirstStart() {
+        ws::TViewDock* Dock = Window->PlayFirstStart();
+        if (!Dock || !Dock->Frame()) throw std::runtime_error("no view opened");
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !Window->IsPlaying(); }, 12000));
+        return *Dock->Frame();
+    }
+    ws::TGridRenderer& Grid() const {
+        for (auto* Each : Window->Docks().Current()->findChildren<QTableView*>())
+            if (auto* Found = dynamic_cast<ws::TGridRenderer*>(Each)) return *Found;
+        throw std::runtime_error("no grid");
+    }
+    QStringList MenuTexts() const {
+        QStringList Result;
+        for (QAction* Each : Window->menuBar()->actions()) Result << Each->text();
+        return Result;
+    }
+    QStringList MessageTexts() const {
+        QStringList Result;
+        for (int Row = 0; Row < Window->Messages().rowCount(); ++Row)
+            Result << Window->Messages().index(Row, ws::TMessageList::kText).data().toString();
+        return Result;
+    }
+    // As a trader: click the cell, type, press the key.
+    void TypeCell(int Row, int Column, const char* Text, Qt::Key Key = Qt::Key_Return) {
+        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().CellRect(Row, Column).center());
+        if (!Grid().GetEditorWidget()) throw std::runtime_error("the cell does not open");
+        QWidget* Editor = Grid().GetEditorWidget()->FocusWidget();
+        QTest::keyClicks(Editor, QString::fromUtf8(Text));
+        QTest::keyClick(Editor, Key);
+    }
+    void Click(const QString& Caption) {
+        for (auto* Each : Window->Docks().Current()->findChildren<QPushButton*>())
+            if (Each->text() == Caption) return QTest::mouseClick(Each, Qt::LeftButton);
+        throw std::runtime_error("no such button");
+    }
+
+    fs::path Folder;
+    std::unique_ptr<ws::TWorkstation> Workstation;
+    ws::TRenderContext Context;
+    TFakeDialogs* Dialogs = nullptr;
+    std::unique_ptr<ws::TMainWindow> Window;
+};
+
+TEST_F(MainWindowTest, TheFirstStartShowsACalculatedStrategyWithItsHintOn) {
+    fw::TFrame& Frame = PlayFirstStart();
+    EXPECT_EQ(MessageTexts(), QStringList());
+    auto* Chart = Frame.FindControl<fw::TChart>("DataChart");
+    ASSERT_NE(Chart, nullptr);
+    ASSERT_FALSE(Chart->Series().empty());
+    EXPECT_GE(Chart->Series()[0]->GetCount(), 4);
+    auto* Legs = Frame.FindControl<fw::TGridTableView>("PositionGridView");
+    EXPECT_EQ(Legs->GetDataController().GetRecordCount(), 5);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Window->Status().Hint().isEmpty(); }, 2000));
+    ws::TViewDock& Dock = *Window->Docks().Current();
+    ASSERT_EQ(Dock.TitleBar().Buttons().size(), 2u);
+    EXPECT_EQ(Dock.TitleBar().Buttons()[1]->toolTip(), "Hide the chart hint");
+}
+
+TEST_F(MainWindowTest, ALegTypedInTheCellsIsCalculated) {
+    fw::TFrame& Frame = PlayFirstStart();
+    Click("Clear");
+    auto* Legs = Frame.FindControl<fw::TGridTableView>("PositionGridView");
+    ASSERT_EQ(Legs->GetDataController().GetRecordCount(), 1);
+    TypeCell(0, 0, "hsi25600x6", Qt::Key_Tab);
+    EXPECT_EQ(Legs->GetDataController().GetValue(0, 0).AsText(), "HSI25600X6");
+    EXPECT_EQ(Legs->GetDataController().GetRecordCount(), 2);
+    ASSERT_NE(Grid().GetEditorWidget(), nullptr);  // the side, by Tab
+    QTest::keyClick(Grid().GetEditorWidget()->FocusWidget(), Qt::Key_B);
+    QTest::keyClick(Grid().GetEditorWidget()->FocusWidget(), Qt::Key_Return);
+    TypeCell(0, 5, "100");
+    TypeCell(0, 6, "2");
+    Click("Calculate");
+    auto* Chart = Frame.FindControl<fw::TChart>("DataChart");
+    ASSERT_EQ(Chart->Series()[0]->GetCount(), 3);  // the two ends and the strike
+    EXPECT_EQ(Chart->Series()[0]->GetX(1), 25600.0);
+    EXPECT_EQ(Chart->Series()[0]->GetY(1), -100.0 * 2 * 50);
+}
+
+TEST_F(MainWindowTest, ASymbolThatTheViewBlanksIsNamedInTheMessagesAndTheStatusBar) {
+    PlayFirstStart();
+    Click("Clear");
+    TypeCell(0, 0, "NOSUCH");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Window->Messages().UnseenProblems() > 0; }, 3000));
+    EXPECT_TRUE(MessageTexts().join('\n').contains("NOSUCH")) << ws::FromQt(MessageTexts().join('\n'));
+    EXPECT_TRUE(Window->Status().Problem().contains("NOSUCH"));
+    EXPECT_TRUE(Window->Panel().windowTitle().contains('1'));
+    Window->Messages().MarkSeen();
+    EXPECT_EQ(Window->Panel().windowTitle(), "Messages");
+}
+
+TEST_F(MainWindowTest, MessagesAreTranslatedAgainWithTheLanguageAndCanBeCopied) {
+    fw::TLog::Warning("Res_LogNumberRefused", {"abc"});
+    const QString English = MessageTexts().join('\n');
+    EXPECT_TRUE(English.contains("abc"));
+    Window->SetLanguage(2);
+    const QString Chinese = MessageTexts().join('\n');
+    EXPECT_TRUE(Chinese.contains("abc"));
+    EXPECT_NE(Chinese, English);
+    Window->Panel().CopySelected();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(Chinese));
+    EXPECT_EQ(Window->Status().Problem(), Chinese);
+}
+
+TEST_F(MainWindowTest, TheLanguageSwitchesLiveInMenusCaptionsAndCells) {
+    fw::TFrame& Frame = PlayFirstStart();
+    EXPECT_TRUE(MenuTexts().contains("Account"));
+    auto* Legs = Frame.FindControl<fw::TGridTableView>("PositionGridView");
+    EXPECT_EQ(Legs->GetDataController().GetValue(0, 1).AsText(), "Buy");
+    Window->SetLanguage(1);
+    EXPECT_FALSE(MenuTexts().contains("Account"));
+    EXPECT_NE(Legs->GetDataController().GetValue(0, 1).AsText(), "Buy");
+    EXPECT_NE(Window->Docks().Current()->windowTitle(), "Payoff");
+    EXPECT_THROW(Click("Calculate"), std::runtime_error);
+    Window->SetLanguage(0);
+    EXPECT_EQ(Legs->GetDataController().GetValue(0, 1).AsText(), "Buy");
+    Click("Calculate");
+}
+
+TEST_F(MainWindowTest, TheSkinSwitchesThePaletteAndTheViewsColours) {
+    PlayFirstStart();
+    const QColor Light = QApplication::palette().color(QPalette::Window);
+    const QColor LightRow = Grid().model()->index(0, 0).data(Qt::BackgroundRole).value<QColor>();
+    Window->SetSkin("Dark");
+    EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), Light.lightness());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Grid().model()->index(0, 0).data(Qt::BackgroundRole).value<QColor>() == Context.Color("coPayOffInputRowBgColor"); }));
+    EXPECT_NE(Context.Color("coPayOffInputRowBgColor"), LightRow);
+    EXPECT_EQ(Workstation->LookAndFeel().GetSkinName(), "Dark");
+    Window->SetSkin("Light");
+}
+
+TEST_F(MainWindowTest, AUserWithoutTheFunctionDoesNotSeeTheView) {
+    PlayFirstStart();
+    fw::Text Without, With = Workstation->User().Code;
+    for (const auto& User : Workstation->Users())
+        if (std::find(User.Functions.begin(), User.Functions.end(), "PayOff") == User.Functions.end()) Without = User.Code;
+    ASSERT_FALSE(Without.empty());
+    Dialogs->Yes = false;
+    EXPECT_FALSE(Window->SetUser(Without));
+    EXPECT_EQ(Workstation->User().Code, With);
+    EXPECT_EQ(Window->Docks().Docks().size(), 1u);
+    Dialogs->Yes = true;
+    EXPECT_TRUE(Window->SetUser(Without));
+    EXPECT_TRUE(Window->Docks().Docks().empty());
+    EXPECT_FALSE(MenuTexts().contains("Account"));
+    EXPECT_TRUE(Window->SetUser(With));
+    EXPECT_TRUE(MenuTexts().contains("Account"));
+    EXPECT_EQ(Window->Docks().Docks().size(), 1u);
+}
+
+TEST_F(MainWindowTest, ClosedViewsLeaveNoRegistrationBehind) {
+    PlayFirstStart();
+    Window->Docks().Open(*Window->Catalog().Views().front());
+    EXPECT_TRUE(Workstation->HasOwners());
+    Window->Docks().CloseAll();
+    Window.reset();
+    EXPECT_FALSE(Workstation->HasOwners());
+}
+
+TEST_F(MainWindowTest, AFileThatIsNoChainIsRefusedWithASentence) {
+    const fs::path File = Folder / "prose.csv";
+    std::ofstream(File) << "This is a letter,\nnot a chain.\n";
+    Window->ImportFile(ws::ToQt(File.string()));
+    ASSERT_EQ(Dialogs->Told.size(), 1u);
+    EXPECT_NE(Dialogs->Told[0].find("prose.csv"), fw::Text::npos);
+    EXPECT_EQ(Window->Messages().UnseenProblems(), 1);
+}
+
+TEST_F(MainWindowTest, TheSampleMarketIsPutBackAfterAQuestion) {
+    Dialogs->Yes = false;
+    Window->ResetSample();
+    EXPECT_EQ(MessageTexts(), QStringList());
+    Dialogs->Yes = true;
+    Window->ResetSample();
+    EXPECT_EQ(Dialogs->Asked.size(), 2u);
+    EXPECT_FALSE(MessageTexts().isEmpty());
+}
+
+TEST_F(MainWindowTest, ThePictureShowsTheWindow) {
+    PlayFirstStart();
+    const fs::path File = Folder / "window.png";
+    ASSERT_TRUE(ws::GrabPng(*Window, File));
+    const QImage Picture(ws::ToQt(File.string()));
+    EXPECT_EQ(Picture.size(), Window->size());
+    EXPECT_FALSE(ws::GrabPng(*Window, Folder / "no-such-folder" / "window.png"));
+}
+
+}  // namespace gui

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "framework/base/Log.h"
+#include "framework/base/Package.h"
+#include "workstation/shell/PackageLoader.h"
+
+namespace gui {
+
+namespace fs = std::filesystem;
+
+class PackageLoaderTest : public testing::Test {
+protected:
+    PackageLoaderTest() {
+        Folder = fs::temp_directory_path() / ("packages-" + std::to_string(::getpid()));
+        fs::remove_all(Folder);
+        fs::create_directories(Folder);
+        Link = fw::TLog::Entries().Connect([this](const fw::TLogEntry& Entry) { Log.push_back(Entry); });
+    }
+    ~PackageLoaderTest() override { fs::remove_all(Folder); }
+
+    fs::path Put(const char* Module) {
+        const fs::path File = fs::path(TEST_PACKAGE_FOLDER) / Module;
+        fs::copy_file(File, Folder / Module);
+        return Folder / Module;
+    }
+
+    fs::path Folder;
+    std::vector<fw::TLogEntry> Log;
+    fw::TConnection Link;
+};
+
+TEST_F(PackageLoaderTest, APackageOfThisVersionIsInitialisedOnce) {
+    const fs::path File = Put("package_good.so");
+    EXPECT_TRUE(ws::LoadPackage(File));
+    EXPECT_TRUE(ws::LoadPackage(File));
+    ASSERT_EQ(Log.size(), 1u);
+    EXPECT_EQ(Log[0].Key, "good package initialised");
+}
+
+TEST_F(PackageLoaderTest, EveryFaultIsSaidWithTheFileAndTheReason) {
+    std::ofstream(Folder / "text.so") << "not a library at all\n";
+    Put("package_other_version.so");
+    Put("package_no_entry.so");
+    Put("package_throwing.so");
+    fs::create_symlink(Folder / "nowhere", Folder / "gone.so");
+    struct TCase {
+        const char* File;
+        const char* Key;
+        const char* Reason;  // found in one of the further arguments
+    };
+    const TCase Cases[] = {{"text.so", "Res_PackageNotPackage", ""},
+                           {"package_other_version.so", "Res_PackageWrongVersion", "0.9"},
+                           {"package_no_entry.so", "Res_PackageNotPackage", ""},
+                           {"package_throwing.so", "Res_PackageFailed", "no licence for today"},
+                           {"gone.so", "Res_PackageMissing", nullptr},
+                           {"never-there.so", "Res_PackageMissing", nullptr}};
+    for (const TCase& Case : Cases) {
+        SCOPED_TRACE(Case.File);
+        Log.clear();
+        EXPECT_FALSE(ws::LoadPackage(Folder / Case.File));
+        ASSERT_EQ(Log.size(), 1u);
+        EXPECT_EQ(Log[0].Level, fw::ELogLevel::Error);
+        EXPECT_EQ(Log[0].Key, Case.Key);
+        ASSERT_FALSE(Log[0].Args.empty());
+        EXPECT_EQ(Log[0].Args[0], (Folder / Case.File).string());
+        if (!Case.Reason) continue;
+        ASSERT_GE(Log[0].Args.size(), 2u);
+        EXPECT_NE(Log[0].Args[1].find(Case.Reason), fw::Text::npos);
+        EXPECT_FALSE(Log[0].Args[1].empty());
+    }
+}
+
+TEST_F(PackageLoaderTest, AFolderGoesOnPastWhatCannotBeLoaded) {
+    std::ofstream(Folder / "a-text.so") << "not a library";
+    std::ofstream(Folder / "readme.txt") << "left alone";
+    Put("package_good.so");
+    EXPECT_EQ(ws::LoadPackages(Folder), 1);
+    ASSERT_EQ(Log.size(), 2u);
+    EXPECT_EQ(Log[0].Key, "Res_PackageNotPackage");
+    EXPECT_EQ(Log[1].Key, "good package initialised");
+}
+
+TEST_F(PackageLoaderTest, AFolderWithoutPackagesIsSaid) {
+    EXPECT_EQ(ws::LoadPackages(Folder / "nowhere"), 0);
+    ASSERT_EQ(Log.size(), 1u);
+    EXPECT_EQ(Log[0].Key, "Res_PackageMissing");
+}
+
+}  // namespace gui
