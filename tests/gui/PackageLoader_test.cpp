@@ -34,7 +34,7 @@ protected:
 };
 
 TEST_F(PackageLoaderTest, APackageOfThisVersionIsInitialisedOnce) {
-    const fs::path File = Put("package_good.so");
+    const fs::path File = fs::path(TEST_PACKAGE_FOLDER) / "package_good.so";  // the one path that no other test loads
     EXPECT_TRUE(ws::LoadPackage(File));
     EXPECT_TRUE(ws::LoadPackage(File));
     ASSERT_EQ(Log.size(), 1u);
@@ -78,10 +78,10 @@ TEST_F(PackageLoaderTest, AFolderGoesOnPastWhatCannotBeLoaded) {
     std::ofstream(Folder / "a-text.so") << "not a library";
     std::ofstream(Folder / "readme.txt") << "left alone";
     Put("package_good.so");
-    EXPECT_EQ(ws::LoadPackages(Folder), 1);
-    ASSERT_EQ(Log.size(), 2u);
+    EXPECT_EQ(ws::LoadPackages(Folder), 1);  // whether it is initialised now or was in a test before
+    std::erase_if(Log, [](const fw::TLogEntry& Entry) { return Entry.Key == "good package initialised"; });
+    ASSERT_EQ(Log.size(), 1u);
     EXPECT_EQ(Log[0].Key, "Res_PackageNotPackage");
-    EXPECT_EQ(Log[1].Key, "good package initialised");
 }
 
 TEST_F(PackageLoaderTest, AFolderWithoutPackagesIsSaid) {

@@ -12,10 +12,10 @@ void InitialiseIconResources() { Q_INIT_RESOURCE(icons); }
 namespace ws {
 
 namespace {
-constexpr int kIconSizes[] = {16, 24, 32};
-}
+constexpr int kIconSizes[] = {16, 24, 32, 64};
 
-QIcon SkinIcon(const QString& Name, const QColor& Color) {
+// Without a valid colour: as the file says.
+QIcon Draw(const QString& Name, const QColor& Color) {
     InitialiseIconResources();
     const QString File = QStringLiteral(":/icons/%1.svg").arg(Name);
     QIcon Result;
@@ -26,12 +26,19 @@ QIcon SkinIcon(const QString& Name, const QColor& Color) {
         Picture.fill(Qt::transparent);
         QPainter Painter(&Picture);
         Svg.render(&Painter);
-        Painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        Painter.fillRect(Picture.rect(), Color);
+        if (Color.isValid()) {
+            Painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            Painter.fillRect(Picture.rect(), Color);
+        }
         Painter.end();
         Result.addPixmap(Picture);
     }
     return Result;
 }
+
+}  // namespace
+
+QIcon SkinIcon(const QString& Name, const QColor& Color) { return Draw(Name, Color); }
+QIcon PlainIcon(const QString& Name) { return Draw(Name, QColor()); }
 
 }  // namespace ws

@@ -7,6 +7,7 @@
 #include "framework/base/Log.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/script/FirstStart.h"
+#include "workstation/shell/Icons.h"
 #include "workstation/shell/ImportFlow.h"
 #include "workstation/shell/MissingHint.h"
 #include "workstation/shell/SkinPalette.h"
@@ -58,16 +59,8 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     };
     FWorkstation.MessageBox().OnShow = [this](const fw::Text& Message) { FDialogs->Tell(this, ToQt(Message)); };
     // Work of the services waits for the loop; the tick drives market and views.
-    FWorkstation.SetOnWork([this] {
-        if (std::exchange(FPumping, true)) return;
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                FPumping = false;
-                FWorkstation.Pump();
-            },
-            Qt::QueuedConnection);
-    });
+    FWorkstation.SetOnWork([this] { PumpLater(); });
+    PumpLater();
     connect(&FTick, &QTimer::timeout, this, [this] { FWorkstation.Tick(); });
     FTick.start(kTimerPeriodMs);
     connect(&FRunTimer, &QTimer::timeout, this, [this] { PollRun(); });
@@ -76,6 +69,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     for (const TStoreNotice& Notice : Workstation.Notices()) fw::TLog::Info(Notice.Key, Notice.Args);
     SetSkin(Workstation.LookAndFeel().GetSkinName());
     setWindowTitle(Context.Translate("Res_AppTitle"));
+    setWindowIcon(PlainIcon(QStringLiteral("workstation")));
     BuildMenus();
 }
 
@@ -88,6 +82,14 @@ TMainWindow::~TMainWindow() {
     FWorkstation.MessageBox().OnShow = nullptr;
     FContext.MakePopupContent = nullptr;
     FContext.OnEditRefused = nullptr;
+}
+
+void TMainWindow::PumpLater() {
+    if (std::exchange(FPumping, true)) return;
+    QTimer::singleShot(0, this, [this] {
+        FPumping = false;
+        FWorkstation.Pump();
+    });
 }
 
 void TMainWindow::ReloadViews() {
@@ -207,7 +209,12 @@ bool TMainWindow::SetUser(const std::string& Code) {
     return Known;
 }
 
-void TMainWindow::ImportFile(const QString& File) { TImportFlow(FWorkstation, FContext, *FDialogs, this).Run(File); }
+// The progress bar runs the loop: the market stands still meanwhile.
+void TMainWindow::ImportFile(const QString& File) {
+    FTick.stop();
+    fw::Dispatch("import", [&] { TImportFlow(FWorkstation, FContext, *FDialogs, this).Run(File); });
+    FTick.start();
+}
 
 void TMainWindow::ResetSample() {
     if (!FDialogs->Ask(this, FContext.Translate("Res_ResetMarketAsk"))) return;

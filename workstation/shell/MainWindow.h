@@ -60,6 +60,7 @@ private:
     void ShowAbout();
     void UpdateHint();
     void PollRun();
+    void PumpLater();
     void TurnHintOn(TViewDock& Dock);
 
     TWorkstation& FWorkstation;

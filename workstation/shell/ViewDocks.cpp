@@ -4,12 +4,18 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QThread>
+#include <QTimer>
 
 #include "framework/base/Const.h"
 #include "framework/base/Log.h"
 #include "workstation/renderers/QtText.h"
 
 namespace ws {
+
+namespace {
+constexpr int kNestedLoopMs = 50;  // until the next look whether the inner loop has ended
+}
 
 TViewDocks::TViewDocks(QMainWindow& Window, TViewCatalog& Catalog, TRenderContext& Context, TDialogs& Dialogs)
     : FWindow(Window), FCatalog(Catalog), FContext(Context), FDialogs(Dialogs), FGuard(std::make_unique<QObject>()) {
@@ -55,14 +61,15 @@ TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
     return Dock;
 }
 
+// Not from inside a loop within the loop either: a message box that a handler of the instance shows runs one.
 void TViewDocks::CloseLater(TViewDock& Dock) {
-    TViewDock* Wanted = &Dock;
-    QMetaObject::invokeMethod(
-        FGuard.get(),
-        [this, Wanted] {
-            if (std::find(FDocks.begin(), FDocks.end(), Wanted) != FDocks.end()) Close(*Wanted);
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, FGuard.get(), [this, Wanted = &Dock] {
+        if (std::find(FDocks.begin(), FDocks.end(), Wanted) == FDocks.end()) return;
+        if (QThread::currentThread()->loopLevel() <= 1) return Close(*Wanted);
+        QTimer::singleShot(kNestedLoopMs, FGuard.get(), [this, Wanted] {
+            if (std::find(FDocks.begin(), FDocks.end(), Wanted) != FDocks.end()) CloseLater(*Wanted);
+        });
+    });
 }
 
 void TViewDocks::Close(TViewDock& Dock) {
