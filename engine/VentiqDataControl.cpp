@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 
+#include "engine/VentiqMarketData.h"
 #include "framework/base/Dispatch.h"
 #include "framework/base/Log.h"
 #include "framework/base/Numbers.h"
@@ -31,10 +32,10 @@ TCustomVentiqDataControl::TCustomVentiqDataControl(TObject* Owner)
 TCustomVentiqDataControl::~TCustomVentiqDataControl() {
     Dispatch("~TCustomVentiqDataControl",
              [this] { TCustomMarketAdapter::GetInstance().RemoveExchangeUpdateHandler(this); });
-    Dispatch("~TCustomVentiqDataControl", [this] {
-        for (const auto& [Symbol, Item] : FSubscribedList)
-            TCustomSubscribeAdapter::GetInstance().Unsubscribe(Item, this);
-    });
+    // Each on its own: a subscription that stayed would call a control that is gone.
+    for (const auto& Entry : FSubscribedList)
+        Dispatch("~TCustomVentiqDataControl",
+                 [&] { TCustomSubscribeAdapter::GetInstance().Unsubscribe(Entry.second, this); });
     ClearPayOffData();
     ClearPayOffOrderData();
     ClearOMSOrder();

@@ -4,22 +4,12 @@
 #include <cmath>
 
 #include "engine/VentiqDataControl.h"
+#include "engine/VentiqMarketData.h"
 #include "framework/base/Numbers.h"
-#include "framework/services/MarketAdapter.h"
 
 namespace ventiq {
 
 namespace {
-
-// Code points, so that a name outside ASCII stays whole.
-Text FirstCharacters(const Text& S, int Count) {
-    size_t End = 0;
-    for (; End < S.size(); ++End) {
-        const bool Starts = (static_cast<unsigned char>(S[End]) & 0xC0) != 0x80;
-        if (Starts && Count-- == 0) break;
-    }
-    return S.substr(0, End);
-}
 
 // Where an underlying belongs: what the market knows, completed from the item's own fields.
 struct TOrigin {
@@ -27,14 +17,13 @@ struct TOrigin {
 };
 
 TOrigin OriginOf(const TCustomSubItem& Item) {
-    constexpr int kSeriesPrefix = 3;
     TOrigin Result;
-    if (const auto* Product = TCustomMarketAdapter::GetInstance().GetProductBySymbol(Item.GetSymbol()))
+    if (const auto* Product = ListedProduct(Item.GetSymbol()))
         Result = {Product->GetExchange(), Product->GetSeries(), Product->GetExpiryDate(),
                   Trim(Product->GetAttribute(kWeeklyAttribute))};
     if (Result.Exchange.empty()) Result.Exchange = Item.GetFieldText(kFieldExchange);
     if (Result.Series.empty()) Result.Series = Item.GetFieldText(kFieldSeries);
-    if (Result.Series.empty()) Result.Series = FirstCharacters(Item.GetSymbol(), kSeriesPrefix);
+    if (Result.Series.empty()) Result.Series = SeriesPrefix(Item.GetSymbol());
     if (Result.Expiry.empty()) Result.Expiry = Item.GetFieldText(kFieldExpiry);
     return Result;
 }

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "engine/VentiqMarketData.h"
 #include "framework/base/Numbers.h"
-#include "framework/services/SubscribeAdapter.h"
 #include "registration/VentiqConstDef.h"
 
 namespace ventiq {
@@ -51,10 +51,6 @@ int32_t GetCallPut(const TCustomSubItem& Item) {
     if (Code.empty()) return kCallPutUnknown;
     if (Code[0] == 'c' || Code[0] == 'C') return kCall;
     return Code[0] == 'p' || Code[0] == 'P' ? kPut : kCallPutUnknown;
-}
-
-TCustomSubItem* PriceDataItem(const Text& Symbol) {
-    return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0);
 }
 
 TLegTerms ReadLegTerms(const TCustomPayOffData& Leg, const TCustomSubItem& Item) {

@@ -46,9 +46,6 @@ using TLegTermsList = std::vector<TLegTerms>;
 // letter.
 int32_t GetCallPut(const TCustomSubItem& Item);
 
-// The market-data item of a symbol; never null.
-TCustomSubItem* PriceDataItem(const Text& Symbol);
-
 TLegTerms ReadLegTerms(const TCustomPayOffData& Leg, const TCustomSubItem& Item);
 
 // (base * quantity) * multiplier, in this order: another order changes the last bit.

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <optional>
 
-#include "engine/VentiqPayOffMath.h"
+#include "engine/VentiqMarketData.h"
 #include "registration/VentiqConstDef.h"
 
 namespace ventiq {

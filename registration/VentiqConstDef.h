@@ -40,6 +40,7 @@ inline constexpr int kSideUnknown = -1;
 inline constexpr int kCall = 0;
 inline constexpr int kPut = 1;
 inline constexpr int kCallPutUnknown = -1;
+// Values of the order flags are the order system's, gaps included.
 inline constexpr int kOpenCloseNone = 0, kOpenCloseOpen = 1, kOpenCloseClose = 2;
 inline constexpr int kPrincipalNone = 0, kPrincipalClient = 11, kPrincipalHouse = 12, kPrincipalRT = 13;
 inline constexpr int kPositionBySign = 0, kPositionLong = 1, kPositionShort = 2;

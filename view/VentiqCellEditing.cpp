@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/VentiqCellEditing.h"
 
+#include "engine/VentiqMarketData.h"
 #include "framework/base/Numbers.h"
 #include "framework/services/MarketAdapter.h"
-#include "framework/services/SubscribeAdapter.h"
 #include "registration/VentiqConstDef.h"
 
 namespace ventiq {
@@ -13,20 +13,18 @@ namespace {
 constexpr double kDefaultStep = 1.0;
 constexpr int kBandTable = 1;
 
-TCustomSubItem* ItemOf(const Text& Symbol) { return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0); }
-TCustomProduct* ProductOf(const Text& Symbol) { return TCustomMarketAdapter::GetInstance().GetProductBySymbol(Symbol); }
-
 // Deliberate: a known product's lot counts even when it states none (1 then); market data only without a product.
 double LotOf(const Text& Symbol) {
-    const auto* Product = ProductOf(Symbol);
-    return TextToFloatDef(Product ? Product->GetLotSize() : ItemOf(Symbol)->GetFieldText(kFieldLotSize), kDefaultStep);
+    const auto* Product = ListedProduct(Symbol);
+    return TextToFloatDef(Product ? Product->GetLotSize() : PriceDataItem(Symbol)->GetFieldText(kFieldLotSize),
+                          kDefaultStep);
 }
 
 // The table of price bands that the symbol trades on; null when it has none or one of another kind.
 const TCustomSpreadTable* BandTableOf(const Text& Symbol) {
-    const auto* Product = ProductOf(Symbol);
+    const auto* Product = ListedProduct(Symbol);
     Text Code = Product ? Product->GetSpreadCode() : Text();
-    if (Code.empty()) Code = ItemOf(Symbol)->GetFieldText(kFieldSpreadCode);
+    if (Code.empty()) Code = PriceDataItem(Symbol)->GetFieldText(kFieldSpreadCode);
     if (Code.empty()) return nullptr;
     const auto* Table = TCustomMarketAdapter::GetInstance().GetSpreadTable(Code);
     return Table && Table->GetKind() == kBandTable ? Table : nullptr;
@@ -42,7 +40,8 @@ T* TVentiqCellEditing::PropertiesOf(int ColumnId) const {
 
 bool TVentiqCellEditing::MayEdit(const TGridTableView& View, const TGridColumn& Column) const {
     const auto* Control = FContext.FMyDataControl.get();
-    if (!Control || Control->GetExchange().empty() || Control->GetSeries().empty() || Control->GetMonth().empty()) return false;
+    if (!Control || Control->GetExchange().empty() || Control->GetSeries().empty() || Control->GetMonth().empty())
+        return false;
     const int Row = View.GetFocusedRecord();
     return Row >= 0 && Row >= FGrid.FirstInputRow && Column.Editing;
 }
@@ -54,19 +53,16 @@ void TVentiqCellEditing::PositionGridViewEditing(TGridTableView& View, TGridColu
     const Text Symbol = FGrid.GetSymbol(Row);
     switch (Column.Tag) {
         case kColQty: return PrepareQuantity(Symbol);
-        case kColOpenClose:
-            Symbol.empty() ? FFlags.FFlagKeys.Clear() : FFlags.InitOpenClose(Symbol);
-            return PrepareChoices(kColOpenClose);
-        case kColPrincipal:
-            Symbol.empty() ? FFlags.FFlagKeys.Clear() : FFlags.InitPrincipal(Symbol);
-            return PrepareChoices(kColPrincipal);
+        case kColOpenClose: return PrepareChoices(kColOpenClose, Symbol, &TVentiqOrderFlags::InitOpenClose);
+        case kColPrincipal: return PrepareChoices(kColPrincipal, Symbol, &TVentiqOrderFlags::InitPrincipal);
         case kColPremium: return PreparePremium(Row, Symbol);
         default: return;
     }
 }
 
 void TVentiqCellEditing::PrepareQuantity(const Text& Symbol) {
-    if (auto* Spin = PropertiesOf<TcxSpinEditProperties>(kColQty)) Spin->Increment = Symbol.empty() ? kDefaultStep : LotOf(Symbol);
+    if (auto* Spin = PropertiesOf<TcxSpinEditProperties>(kColQty))
+        Spin->Increment = Symbol.empty() ? kDefaultStep : LotOf(Symbol);
 }
 
 // The column's properties serve every row, so the step starts anew for each edit.
@@ -83,7 +79,11 @@ void TVentiqCellEditing::PreparePremium(int Row, const Text& Symbol) {
     FLastPrice[Row] = Premium;
 }
 
-void TVentiqCellEditing::PrepareChoices(int ColumnId) {
+void TVentiqCellEditing::PrepareChoices(int ColumnId, const Text& Symbol,
+                                        void (TVentiqOrderFlags::*Init)(const Text&)) {
+    // Without a symbol there is nothing to choose from.
+    FFlags.FFlagKeys.Clear();
+    if (!Symbol.empty()) (FFlags.*Init)(Symbol);
     auto* Combo = PropertiesOf<TcxComboBoxProperties>(ColumnId);
     if (!Combo) return;
     Combo->Items.clear();

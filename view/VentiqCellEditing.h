@@ -14,9 +14,9 @@ public:
     TVentiqCellEditing(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid, TVentiqOrderFlags& Flags)
         : FForm(Form), FContext(Context), FGrid(Grid), FFlags(Flags) {}
 
-    // Per row, real price units: the edges of the price-step band in which the row's premium last stood, and the premium
-    // when its editor was last seen. Deliberate: entries are written over but neither removed nor moved when rows go;
-    // every start of an edit writes its row anew.
+    // Per row, real price units: the edges of the price-step band in which the row's premium last stood, and the
+    // premium when its editor was last seen. Deliberate: entries are written over but neither removed nor moved when
+    // rows go; every start of an edit writes its row anew.
     std::map<int, double> FPriceBandUpper, FPriceBandLower, FLastPrice;
 
     // Asked before any cell enters editing; prepares spin steps and lists of the cell's column.
@@ -33,13 +33,14 @@ private:
     bool MayEdit(const TGridTableView& View, const TGridColumn& Column) const;
     void PrepareQuantity(const Text& Symbol);
     void PreparePremium(int Row, const Text& Symbol);
-    void PrepareChoices(int ColumnId);
+    // Init fills the flag keys that the symbol offers.
+    void PrepareChoices(int ColumnId, const Text& Symbol, void (TVentiqOrderFlags::*Init)(const Text&));
     double RealPremium(int Row, const Text& Symbol) const;
     template <class T>
     T* PropertiesOf(int ColumnId) const;
     void WriteChoice(TObject* Sender, int ColumnId);
 
-    TVentiqForm& FForm;        // all borrowed from the frame, outlive the part
+    TVentiqForm& FForm;  // all borrowed from the frame, outlive the part
     TVentiqContext& FContext;
     TVentiqPositionGrid& FGrid;
     TVentiqOrderFlags& FFlags;

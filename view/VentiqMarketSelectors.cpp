@@ -6,13 +6,12 @@
 #include "framework/base/FlagGuard.h"
 #include "framework/services/EditorManager.h"
 #include "framework/services/UserAppProfile.h"
+#include "registration/VentiqConstDef.h"
 #include "view/VentiqTexts.h"
 
 namespace ventiq {
 
 namespace {
-
-constexpr int kUserTypeWithoutOwnAccounts = 2;
 
 bool IsValidIndex(int Index, const TStringList& Codes) { return Index >= 0 && Index < Codes.GetCount(); }
 
@@ -171,10 +170,12 @@ void TVentiqMarketSelectors::edtAccountKeyPress(TObject* Sender, char& Key) {
 
 void TVentiqMarketSelectors::RegisterAccountEditor() {
     auto& Profile = TCustomUserAppProfile::GetInstance();
-    if (Profile.GetUserType() != kUserTypeWithoutOwnAccounts || Profile.IsAccountSelectable())
+    if (Profile.GetUserType() != kUserTypeRestricted || Profile.IsAccountSelectable())
         TEditorManager::GetInstance().RegisterAccountEditor(&FForm.edtAccount, FContext.FGroupID, false, true);
 }
 
-void TVentiqMarketSelectors::RemoveAccountEditor() { TEditorManager::GetInstance().RemoveAccountEditor(&FForm.edtAccount); }
+void TVentiqMarketSelectors::RemoveAccountEditor() {
+    TEditorManager::GetInstance().RemoveAccountEditor(&FForm.edtAccount);
+}
 
 }  // namespace ventiq

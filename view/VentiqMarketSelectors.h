@@ -46,7 +46,7 @@ public:
 
 private:
     void RememberShown(Text& Remembered, const TComboBox& Combo, const TStringList& Codes);
-    TVentiqForm& FForm;        // both borrowed from the frame
+    TVentiqForm& FForm;  // both borrowed from the frame
     TVentiqContext& FContext;
 };
 

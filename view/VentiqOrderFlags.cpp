@@ -3,10 +3,8 @@
 
 #include <algorithm>
 
-#include "framework/market/SubItem.h"
-#include "framework/services/MarketAdapter.h"
+#include "engine/VentiqMarketData.h"
 #include "framework/services/OrderAdapter.h"
-#include "framework/services/SubscribeAdapter.h"
 #include "framework/services/UserAppProfile.h"
 #include "registration/VentiqConstDef.h"
 #include "view/VentiqTexts.h"
@@ -23,23 +21,22 @@ struct TFlagChoice {
 };
 
 constexpr TFlagChoice kOpenCloseChoices[] = {
-    {"Res_OpenClose_N", nullptr, 0},
-    {"Res_OrderOpen", "Open", 1},
-    {"Res_OrderClose", "Close", 2},
+    {"Res_OpenClose_N", nullptr, kOpenCloseNone},
+    {"Res_OrderOpen", "Open", kOpenCloseOpen},
+    {"Res_OrderClose", "Close", kOpenCloseClose},
 };
 
-// The numbering 11, 12, 13 is the order system's.
 constexpr TFlagChoice kPrincipalChoices[] = {
-    {"Res_Principal_N", nullptr, 0},
-    {"Res_Principal_C", "Client", 11},
-    {"Res_Principal_H", "House", 12},
-    {"Res_Principal_RT", "RT", 13},
+    {"Res_Principal_N", nullptr, kPrincipalNone},
+    {"Res_Principal_C", "Client", kPrincipalClient},
+    {"Res_Principal_H", "House", kPrincipalHouse},
+    {"Res_Principal_RT", "RT", kPrincipalRT},
 };
 
 Text ExchangeOf(const Text& Symbol) {
     Text Result;
-    if (const auto* Product = TCustomMarketAdapter::GetInstance().GetProductBySymbol(Symbol)) Result = Product->GetExchange();
-    if (Result.empty()) Result = TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0)->GetFieldText(kFieldExchange);
+    if (const auto* Product = ListedProduct(Symbol)) Result = Product->GetExchange();
+    if (Result.empty()) Result = PriceDataItem(Symbol)->GetFieldText(kFieldExchange);
     return Result;
 }
 
@@ -52,7 +49,9 @@ void Offer(TStringList& Keys, std::span<const TFlagChoice> Choices, const char* 
     for (int i = 0; i < Count; ++i) {
         const Text Option = Orders.GetOrderOption(Exchange, i);
         for (const auto& Choice : Choices)
-            if (Choice.Option && SameText(Option, Choice.Option) && TCustomUserAppProfile::GetInstance().HasRight(Right)) Keys.Add(Choice.Key);
+            if (Choice.Option && SameText(Option, Choice.Option) &&
+                TCustomUserAppProfile::GetInstance().HasRight(Right))
+                Keys.Add(Choice.Key);
     }
     const Text None = Choices.front().Key;
     if (!Keys.IsEmpty() && !Keys.Contains(None)) Keys.Insert(0, None);
@@ -65,13 +64,15 @@ void Translate(TFlagDictionary& Dictionary, std::span<const TFlagChoice> Choices
 
 // Key of the first choice shown as Shown; "" when there is none.
 Text KeyOf(const TFlagDictionary& Dictionary, const Text& Shown) {
-    const auto It = std::find_if(Dictionary.begin(), Dictionary.end(), [&](const auto& Entry) { return Entry.second == Shown; });
+    const auto It =
+        std::find_if(Dictionary.begin(), Dictionary.end(), [&](const auto& Entry) { return Entry.second == Shown; });
     return It == Dictionary.end() ? Text() : It->first;
 }
 
 int ValueOf(const TFlagDictionary& Dictionary, std::span<const TFlagChoice> Choices, const Text& Shown) {
     const Text Key = KeyOf(Dictionary, Trim(Shown));
-    const auto It = std::find_if(Choices.begin(), Choices.end(), [&](const TFlagChoice& Choice) { return Key == Choice.Key; });
+    const auto It =
+        std::find_if(Choices.begin(), Choices.end(), [&](const TFlagChoice& Choice) { return Key == Choice.Key; });
     return It == Choices.end() ? 0 : It->Value;
 }
 
@@ -80,11 +81,19 @@ int ValueOf(const TFlagDictionary& Dictionary, std::span<const TFlagChoice> Choi
 void TVentiqOrderFlags::UpdateOpenCloseTexts() { Translate(FOpenCloseDictionary, kOpenCloseChoices); }
 void TVentiqOrderFlags::UpdatePrincipalTexts() { Translate(FPrincipalDictionary, kPrincipalChoices); }
 
-void TVentiqOrderFlags::InitOpenClose(const Text& Symbol) { Offer(FFlagKeys, kOpenCloseChoices, kRightOpenClose, Symbol); }
-void TVentiqOrderFlags::InitPrincipal(const Text& Symbol) { Offer(FFlagKeys, kPrincipalChoices, kRightPrincipal, Symbol); }
+void TVentiqOrderFlags::InitOpenClose(const Text& Symbol) {
+    Offer(FFlagKeys, kOpenCloseChoices, kRightOpenClose, Symbol);
+}
+void TVentiqOrderFlags::InitPrincipal(const Text& Symbol) {
+    Offer(FFlagKeys, kPrincipalChoices, kRightPrincipal, Symbol);
+}
 
-int TVentiqOrderFlags::GetOpenCloseFlag(const Text& Shown) const { return ValueOf(FOpenCloseDictionary, kOpenCloseChoices, Shown); }
-int TVentiqOrderFlags::GetPrincipalFlag(const Text& Shown) const { return ValueOf(FPrincipalDictionary, kPrincipalChoices, Shown); }
+int TVentiqOrderFlags::GetOpenCloseFlag(const Text& Shown) const {
+    return ValueOf(FOpenCloseDictionary, kOpenCloseChoices, Shown);
+}
+int TVentiqOrderFlags::GetPrincipalFlag(const Text& Shown) const {
+    return ValueOf(FPrincipalDictionary, kPrincipalChoices, Shown);
+}
 
 bool TVentiqOrderFlags::CheckSymbolOpenCloseValidation(const Text& Symbol, const Text& Shown) {
     const Text Key = KeyOf(FOpenCloseDictionary, Shown);

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/VentiqSubscriptions.h"
 
+#include <utility>
 #include <vector>
 
+#include "engine/VentiqMarketData.h"
+#include "framework/base/Dispatch.h"
 #include "framework/services/MarketAdapter.h"
 #include "framework/services/SubscribeAdapter.h"
 
@@ -12,21 +15,20 @@ namespace {
 
 // The result of the request is of no interest: whatever becomes available arrives as market data.
 void RequestRelatedSymbol(const Text& Symbol, const TCustomSubItem& Item) {
-    auto& Market = TCustomMarketAdapter::GetInstance();
     Text Related;
-    if (const auto* Product = Market.GetProductBySymbol(Symbol)) Related = Product->GetRelatedSymbol();
+    if (const auto* Product = ListedProduct(Symbol)) Related = Product->GetRelatedSymbol();
     if (Related.empty()) Related = Item.GetFieldText(kFieldSpreadCode);
-    if (!Related.empty()) Market.RequestSymbol(Related);
+    if (!Related.empty()) TCustomMarketAdapter::GetInstance().RequestSymbol(Related);
 }
 
 }  // namespace
 
 bool TVentiqSubscriptions::CheckSymbolState(const Text& Symbol) {
-    auto& Service = TCustomSubscribeAdapter::GetInstance();
-    auto* Item = Service.GetSubItem(Symbol, kPriceDataKind, 0);
+    auto* Item = PriceDataItem(Symbol);
     const bool Ready = Item->GetState() == kItemReady;
     if (!Ready && FSubscribedList.emplace(Symbol, Item).second)
-        Service.Subscribe(Item, [this](TObject* Sender, TObject* Update) { SymbolUpdate(Sender, Update); }, &FOwner);
+        TCustomSubscribeAdapter::GetInstance().Subscribe(
+            Item, [this](TObject* Sender, TObject* Update) { SymbolUpdate(Sender, Update); }, &FOwner);
     RequestRelatedSymbol(Symbol, *Item);
     return Ready;
 }
@@ -50,8 +52,10 @@ void TVentiqSubscriptions::SymbolUpdate(TObject*, TObject* Update) {
 }
 
 void TVentiqSubscriptions::ClearSubscribeList() {
-    for (const auto& [Symbol, Item] : FSubscribedList) TCustomSubscribeAdapter::GetInstance().Unsubscribe(Item, &FOwner);
-    FSubscribedList.clear();
+    // Each on its own: a subscription that stayed would call a frame that is gone.
+    for (const auto& Entry : std::exchange(FSubscribedList, {}))
+        Dispatch("ClearSubscribeList",
+                 [&] { TCustomSubscribeAdapter::GetInstance().Unsubscribe(Entry.second, &FOwner); });
 }
 
 }  // namespace ventiq

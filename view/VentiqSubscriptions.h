@@ -26,7 +26,7 @@ public:
     // symbol behind it available (the product's related symbol, else field 73).
     bool CheckSymbolState(const Text& Symbol);
     void SymbolUpdate(TObject* Sender, TObject* Update);
-    // Lets go of every subscription; only when the frame ends.
+    // Lets go of every subscription, also when one fails (a log line); only when the frame ends.
     void ClearSubscribeList();
 
 private:

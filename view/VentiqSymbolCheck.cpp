@@ -1,30 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/VentiqSymbolCheck.h"
 
-#include "framework/services/MarketAdapter.h"
-#include "framework/services/SubscribeAdapter.h"
+#include "engine/VentiqMarketData.h"
 #include "registration/VentiqConstDef.h"
 
 namespace ventiq {
 
-namespace {
-constexpr size_t kSeriesPrefix = 3;  // a symbol begins with its series code where nothing else tells it
-}
-
 TSymbolPlace PlaceOfSymbol(const Text& Symbol) {
     TSymbolPlace Place;
-    if (const auto* Product = TCustomMarketAdapter::GetInstance().GetProductBySymbol(Symbol)) {
+    if (const auto* Product = ListedProduct(Symbol)) {
         Place.Exchange = Product->GetExchange();
         Place.Series = Product->GetSeries();
         Place.ExpiryDate = Product->GetExpiryDate();
-        // Deliberate: at every exchange, although the expiry list tags months at one exchange only. An instrument with a
-        // weekly tag elsewhere therefore never matches a listed month.
+        // Deliberate: at every exchange, although the expiry list tags months at one exchange only. An instrument with
+        // a weekly tag elsewhere therefore never matches a listed month.
         Place.WeeklyTag = Trim(Product->GetAttribute(kWeeklyAttribute));
     }
-    const auto* Item = TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0);
+    const auto* Item = PriceDataItem(Symbol);
     if (Place.Exchange.empty()) Place.Exchange = Trim(Item->GetFieldText(kFieldExchange));
     if (Place.Series.empty()) Place.Series = Trim(Item->GetFieldText(kFieldSeries));
-    if (Place.Series.empty()) Place.Series = Symbol.substr(0, kSeriesPrefix);
+    if (Place.Series.empty()) Place.Series = SeriesPrefix(Symbol);
     if (Place.ExpiryDate.empty()) Place.ExpiryDate = Trim(Item->GetFieldText(kFieldExpiry));
     return Place;
 }

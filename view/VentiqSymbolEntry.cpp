@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/VentiqSymbolEntry.h"
 
-#include <memory>
-
+#include "engine/VentiqMarketData.h"
 #include "framework/base/Log.h"
 #include "framework/base/Numbers.h"
 #include "framework/services/EditorManager.h"
-#include "framework/services/MarketAdapter.h"
-#include "framework/services/SubscribeAdapter.h"
 #include "registration/VentiqConstDef.h"
 #include "view/VentiqSymbolText.h"
 
@@ -17,21 +14,18 @@ namespace {
 
 constexpr const char* kBlankSymbol = " ";
 
-TCustomSubItem* ItemOf(const Text& Symbol) { return TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, 0); }
-TCustomProduct* ProductOf(const Text& Symbol) { return TCustomMarketAdapter::GetInstance().GetProductBySymbol(Symbol); }
-
 bool IsEmptyCell(const Variant& Value) { return Value.IsNull() || (Value.IsText() && Value.AsText().empty()); }
 
-// Strike of an option as a float; anything else keeps the cell, so that a row that turns from an option into a future
-// still shows the old strike until the user looks at call/put, which is rewritten.
+// Strike of an option as a float. Deliberate: anything else keeps the cell, so a row that turns from an option into a
+// future goes on showing the old strike beside an empty call/put.
 Variant StrikeCell(const Variant& Current, const Text& Symbol) {
     int Type = 0;
     double Strike = 0.0;
-    if (const auto* Product = ProductOf(Symbol)) {
+    if (const auto* Product = ListedProduct(Symbol)) {
         Type = Product->GetProductType();
         Strike = TextToFloatDef(Product->GetStrikePrice(), 0.0);
     } else {
-        const auto* Item = ItemOf(Symbol);
+        const auto* Item = PriceDataItem(Symbol);
         Type = TextToIntDef(Item->GetFieldText(kFieldProductType), 0);
         Strike = Item->GetFieldValue(kFieldStrike);
     }
@@ -39,7 +33,7 @@ Variant StrikeCell(const Variant& Current, const Text& Symbol) {
 }
 
 Variant PremiumCell(const Variant& Current, const Text& Symbol) {
-    const auto* Item = ItemOf(Symbol);
+    const auto* Item = PriceDataItem(Symbol);
     if (!IsEmptyCell(Current) || !Item->HasField(kFieldReferencePrice)) return Current;
     return GetDisplayPriceValue(Item->GetFieldValue(kFieldReferencePrice), Symbol);
 }
@@ -57,7 +51,7 @@ void TVentiqSymbolEntry::ValidateSymbolAt(int Row, Variant& Value) {
     const Text Symbol = TEditorManager::GetInstance().GetConvertSymbol(NormalizeSymbolText(Typed));
     Value = Symbol;
     if (!FCheck.IsValidSymbol(Symbol)) {
-        if (ItemOf(Symbol)->GetState() != kItemUnknown) {
+        if (PriceDataItem(Symbol)->GetState() != kItemUnknown) {
             Value = kBlankSymbol;
             return ReportForeign(Typed, Symbol);
         }
@@ -65,7 +59,7 @@ void TVentiqSymbolEntry::ValidateSymbolAt(int Row, Variant& Value) {
         FSubscriptions.CheckSymbolState(Symbol);
         return AcceptSymbolAt(Row);
     }
-    if (ItemOf(Symbol)->GetState() == kItemUnknown) FSubscriptions.CheckSymbolState(Symbol);
+    if (PriceDataItem(Symbol)->GetState() == kItemUnknown) FSubscriptions.CheckSymbolState(Symbol);
     AcceptSymbolAt(Row);
     FillRow(Row, Symbol);
 }
@@ -100,11 +94,13 @@ Variant TVentiqSymbolEntry::FilledCell(int ColumnId, const Variant& Current, con
     switch (ColumnId) {
         case kColQty: return Empty ? Variant(1) : Current;
         case kColSide: return Empty ? Variant(GetResourceHeader("Res_Side_Buy")) : Current;
-        case kColOpenClose: return Empty || FFlags.CheckSymbolOpenCloseValidation(Symbol, Current.AsText()) ? Current : Variant("");
-        case kColPrincipal: return Empty || FFlags.CheckSymbolPrincipalValidation(Symbol, Current.AsText()) ? Current : Variant("");
+        case kColOpenClose:
+            return Empty || FFlags.CheckSymbolOpenCloseValidation(Symbol, Current.AsText()) ? Current : Variant("");
+        case kColPrincipal:
+            return Empty || FFlags.CheckSymbolPrincipalValidation(Symbol, Current.AsText()) ? Current : Variant("");
         case kColStrike: return StrikeCell(Current, Symbol);
         case kColCallPut: return CallPutText(Symbol);
-        case kColExpiry: return ItemOf(Symbol)->GetFieldText(kFieldExpiry);
+        case kColExpiry: return PriceDataItem(Symbol)->GetFieldText(kFieldExpiry);
         case kColPremium: return PremiumCell(Current, Symbol);
         default: return Current;
     }
@@ -113,12 +109,12 @@ Variant TVentiqSymbolEntry::FilledCell(int ColumnId, const Variant& Current, con
 // Deliberate: the first character of the product's own code decides here, while P/L and loaded positions go by the
 // market data's code; the two rules are not the same.
 Text TVentiqSymbolEntry::CallPutText(const Text& Symbol) const {
-    const auto* Product = ProductOf(Symbol);
+    const auto* Product = ListedProduct(Symbol);
     const Text Code = Product ? Product->GetCallPutCode() : Text();
     const char First = Code.empty() ? '\0' : Code.front();
     if (First == '1' || First == '6' || First == 'C') return FTexts.FCallRes;
     if (First == '2' || First == '7' || First == 'P') return FTexts.FPutRes;
-    switch (GetCallPut(*ItemOf(Symbol))) {
+    switch (GetCallPut(*PriceDataItem(Symbol))) {
         case kCall: return FTexts.FCallRes;
         case kPut: return FTexts.FPutRes;
         default: return "";
@@ -138,7 +134,7 @@ void TVentiqSymbolEntry::ReCheckSymbol(const Text& Symbol) {
         return;
     }
     // Every pending symbol is looked at on every update: one whose own data have not come goes on waiting.
-    if (ItemOf(Symbol)->GetState() == kItemUnknown) return;
+    if (PriceDataItem(Symbol)->GetState() == kItemUnknown) return;
     ReportForeign(Symbol, Symbol);
     if (Row != Count - 1 && Count > 1)
         FGrid.DeleteRow(Row);
@@ -172,11 +168,12 @@ void TVentiqSymbolEntry::HidePopup() {
 // The rule says nothing to the trader; the log names the typed text and the reason.
 void TVentiqSymbolEntry::ReportForeign(const Text& Typed, const Text& Symbol) const {
     if (!FContext.FMyDataControl) return;
-    if (!ProductOf(Symbol) && ItemOf(Symbol)->GetState() == kItemNoData) return TLog::Warning("Res_LogSymbolUnknown", {Typed});
+    if (!ListedProduct(Symbol) && PriceDataItem(Symbol)->GetState() == kItemNoData)
+        return TLog::Warning("Res_LogSymbolUnknown", {Typed});
     const TSymbolPlace Place = PlaceOfSymbol(Symbol);
     const auto& Control = *FContext.FMyDataControl;
-    TLog::Warning("Res_LogSymbolForeign",
-                  {Typed, Place.Exchange, Place.Series, Place.ExpiryDate, Control.GetExchange(), Control.GetSeries(), Control.GetMonth()});
+    TLog::Warning("Res_LogSymbolForeign", {Typed, Place.Exchange, Place.Series, Place.ExpiryDate, Control.GetExchange(),
+                                           Control.GetSeries(), Control.GetMonth()});
 }
 
 }  // namespace ventiq

@@ -12,12 +12,18 @@ namespace ventiq {
 // against the selected market, subscribed to, and its row is filled.
 class TVentiqSymbolEntry {
 public:
-    TVentiqSymbolEntry(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid, TVentiqTexts& Texts, TVentiqOrderFlags& Flags,
-                       TVentiqSymbolCheck& Check, TVentiqSubscriptions& Subscriptions)
-        : FForm(Form), FContext(Context), FGrid(Grid), FTexts(Texts), FFlags(Flags), FCheck(Check), FSubscriptions(Subscriptions) {}
+    TVentiqSymbolEntry(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid, TVentiqTexts& Texts,
+                       TVentiqOrderFlags& Flags, TVentiqSymbolCheck& Check, TVentiqSubscriptions& Subscriptions)
+        : FForm(Form),
+          FContext(Context),
+          FGrid(Grid),
+          FTexts(Texts),
+          FFlags(Flags),
+          FCheck(Check),
+          FSubscriptions(Subscriptions) {}
 
-    // Validation of the symbol column's editor: Value becomes the converted symbol, or one blank for a symbol of another
-    // market. Acts on the focused row.
+    // Validation of the symbol column's editor: Value becomes the converted symbol, or one blank for a symbol of
+    // another market. Acts on the focused row.
     void SymbolOnValidate(TObject* Sender, Variant& Value, Text& ErrorText, bool& Error);
     // Market data of a symbol arrived: fills, empties or deletes the first row that holds it, and no other.
     void ReCheckSymbol(const Text& Symbol);
@@ -34,7 +40,7 @@ private:
     void ReportForeign(const Text& Typed, const Text& Symbol) const;
     void HidePopup();
 
-    TVentiqForm& FForm;          // all borrowed from the frame, outlive the part
+    TVentiqForm& FForm;  // all borrowed from the frame, outlive the part
     TVentiqContext& FContext;
     TVentiqPositionGrid& FGrid;
     TVentiqTexts& FTexts;

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <stdexcept>
+
 #include "tests/engine/EngineFixture.h"
 
 namespace ventiq {
@@ -98,6 +100,21 @@ TEST_F(TPendingTest, ASelectionMadeMeanwhileIsSafe) {
     Host.Subscriptions.Deliver("F3");
     EXPECT_EQ(Defaults(), "40 60 2");
     EXPECT_TRUE(Host.Subscriptions.Subscribed().empty());
+}
+
+// Seen: one subscription that the service would not end kept the ones behind it. Cause: the whole walk ended with the
+// first error. Now each is ended on its own.
+TEST_F(TPendingTest, ASubscriptionThatCannotBeEndedKeepsNoOther) {
+    Host.FailOnLeftovers = false;
+    Control->SetMonth("2024-03");
+    Control->SetMonth("2024-04");
+    Host.Journal.OnLine = [](const Text& Line) {
+        if (Line == "Subscriptions.Unsubscribe(F3)") throw std::runtime_error("service down");
+    };
+    Control.reset();
+    Host.Journal.OnLine = nullptr;
+    EXPECT_EQ(Host.Subscriptions.Subscribed(), (TTexts{"F3"}));
+    EXPECT_EQ(Host.TakeErrors().size(), 1u);
 }
 
 }  // namespace ventiq

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <stdexcept>
+
 #include "tests/view/PartsFixture.h"
 
 namespace ventiq {
@@ -63,7 +65,8 @@ TEST_F(TSubscriptions, TheRelatedSymbolIsAskedForWhetherReadyOrNot) {
     Host.Subscriptions.Item("HSIC110").Ready().Set(kFieldSpreadCode, "T7");
     Subscriptions.CheckSymbolState("HSIC110");
     Subscriptions.CheckSymbolState("HSIC120");
-    EXPECT_EQ(Host.Market.Requested, (std::vector<Text>{"HSIZ6", "T7"})) << "product first, then field 73, else nothing";
+    EXPECT_EQ(Host.Market.Requested, (std::vector<Text>{"HSIZ6", "T7"}))
+        << "product first, then field 73, else nothing";
 }
 
 TEST_F(TSubscriptions, ClearLetsGoOfEverything) {
@@ -72,6 +75,21 @@ TEST_F(TSubscriptions, ClearLetsGoOfEverything) {
     Subscriptions.ClearSubscribeList();
     EXPECT_TRUE(Host.Subscriptions.Subscribed().empty());
     EXPECT_TRUE(Subscriptions.FSubscribedList.empty());
+}
+
+// Seen: one subscription that the service would not end kept the ones behind it, with handlers of a frame that is gone.
+// Cause: the whole walk ended with the first error. Now each is ended on its own.
+TEST_F(TSubscriptions, ASubscriptionThatCannotBeEndedKeepsNoOther) {
+    Subscriptions.CheckSymbolState("HSIC100");
+    Subscriptions.CheckSymbolState("HSIC110");
+    Host.Journal.OnLine = [](const Text& Line) {
+        if (Line == "Subscriptions.Unsubscribe(HSIC100)") throw std::runtime_error("service down");
+    };
+    Subscriptions.ClearSubscribeList();
+    Host.Journal.OnLine = nullptr;
+    EXPECT_EQ(Host.Subscriptions.Subscribed(), std::vector<Text>{"HSIC100"});
+    EXPECT_TRUE(Subscriptions.FSubscribedList.empty());
+    EXPECT_EQ(Host.TakeErrors().size(), 1u);
 }
 
 }  // namespace ventiq
