@@ -108,9 +108,7 @@ public:
     void SetOnDataUpdate(TNotifyEvent Value) { FOnDataUpdate = std::move(Value); }
     void SetOnUpdateDefaultPrice(TNotifyEvent Value) { FOnUpdateDefaultPrice = std::move(Value); }
 
-    // Orders; these two are defined with the submission path in orders/.
-    void SubmitOrder();
-    void PrepareOMSOrder();
+    // Prepared orders.
     void ClearOMSOrder();
     const std::vector<std::unique_ptr<TCustomClientOrder>>& GetOrderList() const { return FOrderList; }
 
