@@ -2,8 +2,10 @@
 #include "view/VentiqPositionGrid.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/base/KeepList.h"
+#include "framework/base/Log.h"
 #include "framework/services/Formatter.h"
 #include "framework/services/GlobalChannelManager.h"
 #include "registration/VentiqConstDef.h"
@@ -182,10 +184,10 @@ void TVentiqPositionGrid::btnClearClick(TObject*) {
 }
 
 void TVentiqPositionGrid::TimerEvent(TObject*) {
-    const int Row = FPendingDeleteRecordIndex;
-    const int Count = GetRecordCount();
-    if (Row >= 0 && Row != Count - 1 && Count > 1) DeleteRow(Row);
-    FPendingDeleteRecordIndex = -1;
+    const int Row = std::exchange(FPendingDeleteRecordIndex, -1);
+    if (Row < 0 || Row >= GetRecordCount() - 1) return;
+    DeleteRow(Row);
+    TLog::Info("Res_LogRowRemoved", {std::to_string(Row + 1)});
 }
 
 void TVentiqPositionGrid::PositionGridGetProperties(TGridColumn& Column, int Row, TcxEditProperties*& Properties) {

@@ -48,7 +48,8 @@ public:
     void DeleteRow(int Record);
 
     void btnClearClick(TObject* Sender);
-    // Deletes the row that waits for removal, unless it is the last or the only one; forgets the mark in every case.
+    // Deletes the row that waits for removal, unless it is the last or the only one, and says so in the log; forgets
+    // the mark in every case.
     void TimerEvent(TObject* Sender);
 
     void PositionGridGetProperties(TGridColumn& Column, int Row, TcxEditProperties*& Properties);

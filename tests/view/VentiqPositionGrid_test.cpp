@@ -218,6 +218,15 @@ TEST_F(PositionGrid, ALanguageSwitchRewritesTheTextsThatItTranslatedAndNoOthers)
         EXPECT_TRUE(Grid.GetCell(2, Id).IsNull());
 }
 
+TEST_F(PositionGrid, AFlagKeepsItsValueInAnotherLanguage) {
+    Grid.SetCell(0, kColPrincipal, "House");
+    Host.Language.SetText("Res_Principal_H", "Haus");
+    Grid.UpdateGridContent();
+    Flags.UpdatePrincipalTexts();
+    EXPECT_EQ(Grid.GetCell(0, kColPrincipal), Variant("Haus"));
+    EXPECT_EQ(Flags.GetPrincipalFlag(Grid.GetCell(0, kColPrincipal).AsText()), 12);
+}
+
 // A lookup that raises in the middle of a rewrite must not leave the view in an update that nobody ends.
 TEST_F(PositionGrid, AFailingLookupLeavesTheViewAwake) {
     Grid.SetCell(0, kColSide, "Buy");
@@ -270,13 +279,13 @@ TEST_F(PositionGrid, TheTickDeletesTheMarkedRowUnlessItIsTheLastOrTheOnlyOne) {
     const struct {
         const char* Why;
         int Count, Mark;
-        std::vector<Text> Left;
-    } Cases[] = {{"a middle row", 3, 1, {"S0", "S2"}},
-                 {"the first row", 3, 0, {"S1", "S2"}},
-                 {"the last row stays", 3, 2, {"S0", "S1", "S2"}},
-                 {"the only row stays", 1, 0, {"S0"}},
-                 {"no mark", 2, -1, {"S0", "S1"}},
-                 {"a mark beyond the rows", 2, 9, {"S0", "S1"}}};
+        std::vector<Text> Left, Logged;
+    } Cases[] = {{"a middle row", 3, 1, {"S0", "S2"}, {"Res_LogRowRemoved(2)"}},
+                 {"the first row", 3, 0, {"S1", "S2"}, {"Res_LogRowRemoved(1)"}},
+                 {"the last row stays", 3, 2, {"S0", "S1", "S2"}, {}},
+                 {"the only row stays", 1, 0, {"S0"}, {}},
+                 {"no mark", 2, -1, {"S0", "S1"}, {}},
+                 {"a mark beyond the rows", 2, 9, {"S0", "S1"}, {}}};
     for (const auto& Case : Cases) {
         SCOPED_TRACE(Case.Why);
         Grid.SetRecordCount(Case.Count);
@@ -285,7 +294,25 @@ TEST_F(PositionGrid, TheTickDeletesTheMarkedRowUnlessItIsTheLastOrTheOnlyOne) {
         Grid.TimerEvent(nullptr);
         EXPECT_EQ(Symbols(), Case.Left);
         EXPECT_EQ(Grid.FPendingDeleteRecordIndex, -1);
+        for (const auto& Line : Host.Logged()) EXPECT_EQ(Line.Level, ELogLevel::Info);
+        EXPECT_EQ(Host.TakeLog(), Case.Logged);
     }
+}
+
+TEST_F(PositionGrid, ATickTakesTheOpenEditorAlongWithItsRecord) {
+    SelectMarket();
+    Grid.SetRecordCount(3);
+    Grid.SetCell(0, kColSymbol, "S0");
+    Grid.SetCell(1, kColSymbol, "S1");
+    auto* Editor = View().StartEdit(1, ColumnIndex(kColPremium));
+    ASSERT_NE(Editor, nullptr);
+    Editor->SetEditText("7");
+    Grid.FPendingDeleteRecordIndex = 0;
+    Grid.TimerEvent(nullptr);
+    View().PostEditor();
+    EXPECT_EQ(Symbols(), (std::vector<Text>{"S1", ""}));
+    EXPECT_EQ(Grid.GetCell(0, kColPremium), Variant(7.0));
+    EXPECT_TRUE(Grid.GetCell(1, kColPremium).IsNull());
 }
 
 TEST_F(PositionGrid, TheDivisionAndTheMarkMoveWithTheirRows) {

@@ -235,6 +235,27 @@ TEST_F(Frame, RewritingTheSelectorsChoosesNothing) {
     EXPECT_EQ(Series.GetItemIndex(), 1);
 }
 
+// A renderer may answer new items with a selection of its own.
+TEST_F(Frame, ASelectionMadeWhileItemsAreRewrittenMovesNoMarket) {
+    View.emplace();
+    auto& Series = Find<TComboBox>("cmbSeries");
+    const auto Link = Series.OnItemsChanged.Connect([&] { Series.SetItemIndex(1); });
+    View->SetLanguage(0);
+    EXPECT_EQ(Series.GetItemIndex(), 1);
+    EXPECT_EQ(Find<TComboBox>("cmbMonth").GetText(), "2026-12") << "the months of the series before";
+}
+
+TEST_F(Frame, ALanguageThatFailsHalfwayLeavesTheSelectorsAlive) {
+    View.emplace();
+    Host.Journal.OnLine = [](const Text& Line) {
+        if (Line == "Language.GetResourceString(Exchange, HKFE)") throw std::runtime_error("no texts");
+    };
+    EXPECT_THROW(View->SetLanguage(0), std::runtime_error);
+    Host.Journal.OnLine = nullptr;
+    Find<TComboBox>("cmbSeries").SetItemIndex(1);
+    EXPECT_EQ(Find<TComboBox>("cmbMonth").GetCount(), 0) << "the choice is followed: no months there";
+}
+
 TEST_F(Frame, FollowsConfigurationSkinTimerAndChannels) {
     View.emplace();
     Host.Config.Set("OMS_TRADEPLATFORM", "ScaleSize", "130");
@@ -275,6 +296,7 @@ TEST_F(Frame, ARowWhoseSymbolIsClearedGoesWithTheNextTick) {
     EXPECT_EQ(Cell(0, 0), Variant("HSIP110"));
     Host.Timer.Tick();
     EXPECT_EQ(Positions().GetDataController().GetRecordCount(), 2);
+    EXPECT_EQ(Host.TakeLog(), std::vector<Text>{"Res_LogRowRemoved(1)"});
 }
 
 TEST_F(Frame, TheDetailTableGoesBeforeTheLegs) {
