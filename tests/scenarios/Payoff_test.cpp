@@ -192,5 +192,36 @@ TEST_F(Payoff, ARowIsFilledWhenItsDataArrive) {
     EXPECT_EQ(Legs().GetDataController().GetRecordCount(), 2);
 }
 
+TEST_F(Payoff, WhatStandsInAnOpenEditorCounts) {
+    AllData();
+    Select("cmbExchange", "HKFE");
+    TypeLeg(0, "HSIC100", "Buy", "12", "1");
+    TypeRange("90", "130", "5");
+    const auto TypePremium = [this](const char* Typed) {
+        auto* Editor = Legs().StartEdit(0, ColumnOf(kColPremium));
+        ASSERT_NE(Editor, nullptr);
+        Editor->SetEditText(Typed);
+    };
+    TypePremium("2");
+    Find<TButton>("btnCalc").Click();
+    ASSERT_EQ(Line(0).size(), 3u);
+    EXPECT_EQ(Line(0)[0], (std::pair<double, double>{90, -100}));
+    TypePremium("4");
+    EXPECT_TRUE(Descriptor.SetLanguage(Handle, 0));
+    EXPECT_EQ(Legs().GetEditor(), nullptr);
+    EXPECT_EQ(Legs().GetDataController().GetValue(0, ColumnOf(kColPremium)), Variant(4.0));
+}
+
+TEST_F(Payoff, LegsOfAnotherMonthStayAndCount) {
+    AllData();
+    Select("cmbExchange", "HKFE");
+    TypeLeg(0, "HSIC100", "Buy", "12", "1");
+    Select("cmbMonth", "2027-01");
+    EXPECT_EQ(Legs().GetDataController().GetValue(0, 0), Variant("HSIC100"));
+    TypeRange("90", "130", "5");
+    Find<TButton>("btnCalc").Click();
+    EXPECT_EQ(Line(0), (TPoints{{90, -600}, {100, -600}, {130, 900}}));
+}
+
 }  // namespace
 }  // namespace ventiq

@@ -46,9 +46,10 @@ protected:
         M.AddOptions("XONE", "SOLO", "SOC", "2027/02/19", {"10"});
 
         const std::pair<const char*, const char*> Captions[] = {
-            {"Res_Side_Buy", "Buy"},         {"Res_Side_Sell", "Sell"},    {"Res_Call", "Call"},          {"Res_Put", "Put"},
-            {"Res_OpenClose_N", "None"},     {"Res_OrderOpen", "Open"},    {"Res_OrderClose", "Close"},   {"Res_Principal_N", "No"},
-            {"Res_Principal_C", "Client"},   {"Res_Principal_H", "House"}, {"Res_Principal_RT", "Trader"},
+            {"Res_Side_Buy", "Buy"},      {"Res_Side_Sell", "Sell"},      {"Res_Call", "Call"},
+            {"Res_Put", "Put"},           {"Res_OpenClose_N", "None"},    {"Res_OrderOpen", "Open"},
+            {"Res_OrderClose", "Close"},  {"Res_Principal_N", "No"},      {"Res_Principal_C", "Client"},
+            {"Res_Principal_H", "House"}, {"Res_Principal_RT", "Trader"},
         };
         for (const auto& [Key, Caption] : Captions) Host.Language.SetText(Key, Caption);
 
@@ -61,13 +62,17 @@ protected:
         Form.cmbExchange.OnChange = [this](TObject* S) { Selectors.cmbExchangePropertiesChange(S); };
         Form.cmbSeries.OnChange = [this](TObject* S) { Selectors.cmbSeriesPropertiesChange(S); };
         Form.cmbMonth.OnChange = [this](TObject* S) { Selectors.cmbExpiryPropertiesChange(S); };
-        Grid.OnSymbolValidate = [this](TObject* S, Variant& V, Text& T, bool& E) { Entry.SymbolOnValidate(S, V, T, E); };
+        Grid.OnSymbolValidate = [this](TObject* S, Variant& V, Text& T, bool& E) {
+            Entry.SymbolOnValidate(S, V, T, E);
+        };
         Grid.OnSideChange = [this](TObject* S) { Editing.epiSidePropertiesChange(S); };
         Grid.OnSidePopup = [this](TObject* S) { Editing.epiSidePropertiesPopup(S); };
         Grid.OnOpenCloseChange = [this](TObject* S) { Editing.OpenCloseChange(S); };
         Grid.OnPrincipalChange = [this](TObject* S) { Editing.PrincipalChange(S); };
         Subscriptions.OnReCheckSymbol = [this](const Text& S) { Entry.ReCheckSymbol(S); };
-        Form.PositionGridView.OnEditing = [this](TGridTableView& V, TGridColumn& C, bool& A) { Editing.PositionGridViewEditing(V, C, A); };
+        Form.PositionGridView.OnEditing = [this](TGridTableView& V, TGridColumn& C, bool& A) {
+            Editing.PositionGridViewEditing(V, C, A);
+        };
         Grid.InitializeGrid();
         Grid.SetRecordCount(1);
     }

@@ -13,8 +13,12 @@ protected:
         Host.Subscriptions.AddOption("HSIC110", 110, "C");
     }
     bool Allowed(int Row, int Id) { return Form.PositionGridView.StartEdit(Row, ColumnIndex(Id)) != nullptr; }
-    double Increment(int Id) { return dynamic_cast<TcxSpinEditProperties&>(*Grid.GetGridColumn(Id)->GetProperties()).Increment; }
-    std::vector<Text> Choices(int Id) { return dynamic_cast<TcxComboBoxProperties&>(*Grid.GetGridColumn(Id)->GetProperties()).Items; }
+    double Increment(int Id) {
+        return dynamic_cast<TcxSpinEditProperties&>(*Grid.GetGridColumn(Id)->GetProperties()).Increment;
+    }
+    std::vector<Text> Choices(int Id) {
+        return dynamic_cast<TcxComboBoxProperties&>(*Grid.GetGridColumn(Id)->GetProperties()).Items;
+    }
 };
 
 TEST_F(TCellEditing, NothingIsEditedBeforeTheMarketIsChosen) {
@@ -161,6 +165,24 @@ TEST_F(TCellEditing, AnEditorMadeBeforeALanguageSwitchTakesTheNewTexts) {
     EXPECT_EQ(Side->GetItems(), (std::vector<Text>{"Buy", "Sell"}));
     Side->OpenList();
     EXPECT_EQ(Side->GetItems(), (std::vector<Text>{"Kauf", "Verkauf"}));
+}
+
+TEST_F(TCellEditing, PricesStayWithTheirRowNumbersWhenRowsGo) {
+    SelectMarket();
+    Grid.SetRecordCount(3);
+    Grid.SetCell(1, kColSymbol, "HSIC110");
+    Grid.SetCell(1, kColPremium, 20.0);
+    Allowed(1, kColPremium);
+    const std::map<int, double> Last{{1, 20.0}}, Upper{{1, 50.0}}, Lower{{1, 10.0}};
+    Form.PositionGridView.CancelEdit();
+    Grid.DeleteRow(0);
+    EXPECT_EQ(Editing.FLastPrice, Last);
+    EXPECT_EQ(Editing.FPriceBandUpper, Upper);
+    EXPECT_EQ(Editing.FPriceBandLower, Lower);
+    Grid.btnClearClick(nullptr);
+    EXPECT_EQ(Editing.FLastPrice, Last);
+    EXPECT_EQ(Editing.FPriceBandUpper, Upper);
+    EXPECT_EQ(Editing.FPriceBandLower, Lower);
 }
 
 }  // namespace ventiq

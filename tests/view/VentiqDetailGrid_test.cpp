@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "view/VentiqDetailGrid.h"
 
+#include "framework/base/KeepList.h"
 #include "tests/view/DisplayFixture.h"
 
 namespace ventiq {
@@ -66,6 +67,17 @@ TEST_F(DetailGrid, TakesNewCaptionsForItsColumns) {
     Host.Language.SetText("Res_OrderPrice", "Prix");
     Detail.UpdateGridHeader();
     EXPECT_EQ(Form.DetailGridView.GetColumn(0)->GetCaption(), "Prix");
+}
+
+TEST_F(DetailGrid, TheColumnListStaysWithTheHostForGood) {
+    int Kept = 0;
+    {
+        TVentiqForm OtherForm;
+        TVentiqDetailGrid Other{OtherForm};
+        Kept = KeptCount();
+        Other.InitializeGrid();
+    }
+    EXPECT_EQ(KeptCount(), Kept + 1);
 }
 
 }  // namespace

@@ -11,7 +11,9 @@ protected:
     void PickSeries(const Text& Code) { F.cmbSeries.SetItemIndex(Selectors.FSeriesList.IndexOf(Code)); }
     void PickMonth(const Text& Code) { F.cmbMonth.SetItemIndex(Selectors.FMonthList.IndexOf(Code)); }
     Text Selected() { return Control().GetExchange() + "/" + Control().GetSeries() + "/" + Control().GetMonth(); }
-    Text Remembered() { return Selectors.FLayoutExchange + "/" + Selectors.FLayoutSeries + "/" + Selectors.FLayoutMonth; }
+    Text Remembered() {
+        return Selectors.FLayoutExchange + "/" + Selectors.FLayoutSeries + "/" + Selectors.FLayoutMonth;
+    }
 };
 
 TEST_F(TMarketSelectors, TheFirstItemsAreSelectedDownTheCascade) {
@@ -156,7 +158,12 @@ TEST_F(TMarketSelectors, TheAccountIsTheEditorsHintNotItsText) {
 }
 
 TEST_F(TMarketSelectors, WhoGetsTheAccountEditor) {
-    const struct { const char* Why; int UserType; bool Selectable; bool Expected; } Cases[] = {
+    const struct {
+        const char* Why;
+        int UserType;
+        bool Selectable;
+        bool Expected;
+    } Cases[] = {
         {"type 2 that may choose", 2, true, true},
         {"type 2 that may not", 2, false, false},
         {"another type that may", 1, true, true},
@@ -187,6 +194,48 @@ TEST_F(TMarketSelectors, ASeriesWithoutRecordShowsItsBareCode) {
     Host.Market.ForgetSeriesInfo("HSI");
     Selectors.InitExchangeList();
     EXPECT_EQ(F.cmbSeries.GetText(), "HSI");
+}
+
+TEST_F(TMarketSelectors, TheMonthShownWhenTheUserPicksASeriesIsLandedOnAgain) {
+    Host.Market.AddOptions("HKFE", "HHI", "HHV", "2026/10/29", {"10"});
+    Host.Market.AddOptions("HKFE", "HHI", "HHX", "2026/11/27", {"10"});
+    Host.Market.AddOptions("HKFE", "HHI", "HHZ", "2026/12/30", {"10"});
+    Selectors.InitExchangeList();
+    ASSERT_EQ(F.cmbMonth.GetItemIndex(), 0);
+    PickSeries("HHI");
+    EXPECT_EQ(Remembered(), "/HHI/2026-12") << "also the first month of the list";
+    EXPECT_EQ(F.cmbMonth.GetItemIndex(), 2);
+    EXPECT_EQ(Selected(), "HKFE/HHI/2026-12");
+}
+
+TEST_F(TMarketSelectors, ASeriesPickedByTheProgramCarriesTheFirstMonthNowhere) {
+    Host.Market.AddOptions("HKFE", "HHI", "HHV", "2026/10/29", {"10"});
+    Host.Market.AddOptions("HKFE", "HHI", "HHZ", "2026/12/30", {"10"});
+    Selectors.InitExchangeList();
+    Selectors.FIsAutoselect = true;
+    PickSeries("HHI");
+    EXPECT_EQ(Remembered(), "//");
+    EXPECT_EQ(Selected(), "HKFE/HHI/2026-10");
+}
+
+TEST_F(TMarketSelectors, AnItemThatIsShownAlreadyIsNoChoice) {
+    Selectors.InitExchangeList();
+    PickExchange("XDER");
+    EXPECT_EQ(Remembered(), "XDER/HSI/2026-12") << "series and month that were shown";
+    ASSERT_EQ(Selected(), "XDER/ABC/");
+    F.cmbSeries.SetItemIndex(0);
+    EXPECT_EQ(Remembered(), "XDER/HSI/2026-12");
+    PickSeries("DEF");
+    EXPECT_EQ(Remembered(), "XDER/DEF/2026-12");
+}
+
+TEST_F(TMarketSelectors, AViewThatNobodyTouchedFollowsTheFirstExchange) {
+    Selectors.InitExchangeList();
+    Host.ExchangeComparer.Sorted = true;
+    Host.Market.AddExchange("AAA");
+    Selectors.MarketListUpdate(nullptr);
+    EXPECT_EQ(Selected(), "AAA//");
+    EXPECT_EQ(Remembered(), "//");
 }
 
 }  // namespace ventiq

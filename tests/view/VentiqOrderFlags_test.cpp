@@ -16,7 +16,8 @@ TEST_F(TOrderFlags, ChoicesComeInTheExchangesOrderAfterNone) {
     Flags.InitOpenClose("HSIC100");
     EXPECT_EQ(Flags.FFlagKeys, (TStringList{"Res_OpenClose_N", "Res_OrderClose", "Res_OrderOpen"}));
     Flags.InitPrincipal("HSIC100");
-    EXPECT_EQ(Flags.FFlagKeys, (TStringList{"Res_Principal_N", "Res_Principal_H", "Res_Principal_RT", "Res_Principal_C"}));
+    EXPECT_EQ(Flags.FFlagKeys,
+              (TStringList{"Res_Principal_N", "Res_Principal_H", "Res_Principal_RT", "Res_Principal_C"}));
 }
 
 TEST_F(TOrderFlags, WithoutTheRightNotEvenNoneIsOffered) {
@@ -40,11 +41,22 @@ TEST_F(TOrderFlags, TheExchangeComesFromMarketDataWhereTheProductIsUnknown) {
 }
 
 TEST_F(TOrderFlags, TextsTurnIntoFlagValues) {
-    const struct { const char* Why; const char* Shown; int OpenClose; int Principal; } Cases[] = {
-        {"open", "Open", 1, 0},          {"close", "Close", 2, 0},         {"none is 0", "None", 0, 0},
-        {"client", "Client", 0, 11},     {"house", "House", 0, 12},        {"the third house kind", "Trader", 0, 13},
-        {"blanks at the ends", " Open ", 1, 0}, {"another case is another text", "open", 0, 0},
-        {"nothing", "", 0, 0},           {"a key is no text", "Res_OrderOpen", 0, 0},
+    const struct {
+        const char* Why;
+        const char* Shown;
+        int OpenClose;
+        int Principal;
+    } Cases[] = {
+        {"open", "Open", 1, 0},
+        {"close", "Close", 2, 0},
+        {"none is 0", "None", 0, 0},
+        {"client", "Client", 0, 11},
+        {"house", "House", 0, 12},
+        {"the third house kind", "Trader", 0, 13},
+        {"blanks at the ends", " Open ", 1, 0},
+        {"another case is another text", "open", 0, 0},
+        {"nothing", "", 0, 0},
+        {"a key is no text", "Res_OrderOpen", 0, 0},
     };
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);

@@ -181,7 +181,8 @@ TEST_F(RangeInputs, EnterDoesWhatLeavingDoesAndIsNotSwallowed) {
 
 TEST_F(RangeInputs, TheEditorsShowTheDefaultRangeAsItIs) {
     // A factor of 100 changes what premiums look like, not the range.
-    Host.Subscriptions.Item("HSIC100").Set(kFieldDisplayFactor, 100.0);
+    for (const char* Symbol : {"HSJC100", "HSJP100", "HSJC110", "HSJP110"})
+        Host.Subscriptions.AddOption(Symbol, 100, "C").Set(kFieldDisplayFactor, 100.0);
     Control().SetMonth("2027-01");
     Range.UpdateDefaultPrice(nullptr);
     EXPECT_EQ(Form.edtDown.GetFloat(), 100);
@@ -235,6 +236,20 @@ TEST_F(RangeInputs, ALegWithoutDataCountsAsNothingAndTheLogNamesIt) {
     Calculate(90, 110, 5);
     EXPECT_EQ(PointsOf(Chart.GetPLSeries()), (TPoints{{90, -5}, {100, -5}, {110, 5}}));
     EXPECT_EQ(Host.TakeLog(), (std::vector<Text>{"Res_LogLegWithoutData(NOBODY)"}));
+}
+
+TEST_F(RangeInputs, AMonthWithOneStrikeIsRefusedByCalculateOnly) {
+    Host.Market.AddOptions("HKFE", "HSI", "HSK", "2027/02/25", {"100"});
+    SetRange(1, 2, 3);
+    Control().SetMonth("2027-02");
+    Range.UpdateDefaultPrice(nullptr);
+    EXPECT_EQ(Form.edtDown.GetFloat(), 100);
+    EXPECT_EQ(Form.edtUp.GetFloat(), 100);
+    EXPECT_EQ(Form.edtInterval.GetFloat(), 0);
+    EXPECT_TRUE(Host.MessageBox.Messages.empty());
+    Form.edtUp.SetValue(120);
+    Form.btnCalc.Click();
+    EXPECT_EQ(Host.MessageBox.Messages.size(), 1u);
 }
 
 }  // namespace

@@ -17,12 +17,17 @@ protected:
     TSymbolEntry() { SelectMarket(); }
     // A ready option with the fields that fill a row.
     support::TFakeSubItem& Ready(const Text& Symbol, double Strike, const Text& CallPut, double Price) {
-        return Host.Subscriptions.AddOption(Symbol, Strike, CallPut).Set(kFieldReferencePrice, Price).Set(kFieldExpiry, "2026/12/30");
+        return Host.Subscriptions.AddOption(Symbol, Strike, CallPut)
+            .Set(kFieldReferencePrice, Price)
+            .Set(kFieldExpiry, "2026/12/30");
     }
 };
 
 TEST_F(TSymbolEntry, TheTypedTextIsConverted) {
-    const struct { const char* Typed; const char* Given; } Cases[] = {{"5", "00005"}, {"abc", "ABC"}, {" 700 ", "00700"}};
+    const struct {
+        const char* Typed;
+        const char* Given;
+    } Cases[] = {{"5", "00005"}, {"abc", "ABC"}, {" 700 ", "00700"}};
     for (const auto& C : Cases) {
         Text Given;
         Host.Editors.Convert = [&](const Text& T) { return (Given = T) + "!"; };
@@ -71,11 +76,21 @@ TEST_F(TSymbolEntry, AFutureKeepsTheOldStrikeAndHasNoCallPut) {
 }
 
 TEST_F(TSymbolEntry, TheProductsOwnCodeDecidesCallOrPut) {
-    const struct { const char* Why; const char* Code; const char* ItemCode; const char* Expected; } Cases[] = {
-        {"first character 1, although 11 is a put in market data", "11", "P", "Call"}, {"6", "6", "P", "Call"}, {"C", "CALL", "P", "Call"},
-        {"2", "2", "C", "Put"}, {"7", "7x", "C", "Put"}, {"P", "P", "C", "Put"},
+    const struct {
+        const char* Why;
+        const char* Code;
+        const char* ItemCode;
+        const char* Expected;
+    } Cases[] = {
+        {"first character 1, although 11 is a put in market data", "11", "P", "Call"},
+        {"6", "6", "P", "Call"},
+        {"C", "CALL", "P", "Call"},
+        {"2", "2", "C", "Put"},
+        {"7", "7x", "C", "Put"},
+        {"P", "P", "C", "Put"},
         {"lower case is none of them, so market data decide", "c", "P", "Put"},
-        {"another code: market data decide", "9", "12", "Call"}, {"no code: market data decide", "", "11", "Put"},
+        {"another code: market data decide", "9", "12", "Call"},
+        {"no code: market data decide", "", "11", "Put"},
         {"nobody knows", "X", "X", ""},
     };
     auto* Product = dynamic_cast<support::TFakeProduct*>(Host.Market.GetProductBySymbol("HSIC110"));
@@ -122,7 +137,8 @@ TEST_F(TSymbolEntry, AKnownSymbolOfAnotherMarketBecomesOneBlankAndItsRowStays) {
     EXPECT_EQ(Type(0, "DEFC10"), Variant(" "));
     EXPECT_EQ(Grid.GetRecordCount(), 2);
     EXPECT_EQ(Grid.GetCell(0, kColStrike), Variant(110.0)) << "the other cells are left as they were";
-    EXPECT_EQ(Host.TakeLog(), std::vector<Text>{"Res_LogSymbolForeign(DEFC10, XDER, DEF, 2026/12/18, HKFE, HSI, 2026-12)"});
+    EXPECT_EQ(Host.TakeLog(),
+              std::vector<Text>{"Res_LogSymbolForeign(DEFC10, XDER, DEF, 2026/12/18, HKFE, HSI, 2026-12)"});
 }
 
 TEST_F(TSymbolEntry, ASymbolThatTheMarketDoesNotKnowIsNamed) {
@@ -150,8 +166,16 @@ TEST_F(TSymbolEntry, OnlyTheLastRowGrowsTheGrid) {
 }
 
 TEST_F(TSymbolEntry, AnEmptiedSymbolMarksItsRow) {
-    const struct { const char* Why; int Rows; int Row; int Expected; } Cases[] = {
-        {"the only row", 1, 0, -1}, {"a middle row of three", 3, 1, 1}, {"the last row", 3, 2, -1}, {"the first of two", 2, 0, 0},
+    const struct {
+        const char* Why;
+        int Rows;
+        int Row;
+        int Expected;
+    } Cases[] = {
+        {"the only row", 1, 0, -1},
+        {"a middle row of three", 3, 1, 1},
+        {"the last row", 3, 2, -1},
+        {"the first of two", 2, 0, 0},
     };
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);
@@ -244,6 +268,48 @@ TEST_F(TSymbolEntry, AChosenForeignSymbolLeavesTheCell) {
     TMarketDataOf Chosen("DEFC10");
     Entry.HandleSelectSymbol(nullptr, &Chosen);
     EXPECT_EQ(Grid.GetCell(0, kColSymbol), Variant("HSIC110"));
+}
+
+TEST_F(TSymbolEntry, ArrivingDataFillTheRowOfTheirSymbolWhereverTheFocusIs) {
+    Type(0, "HSIC110");
+    Type(1, "HSIC120");
+    ASSERT_EQ(Grid.GetRecordCount(), 3);
+    Form.PositionGridView.SetFocusedCell(2, 0);
+    Ready("HSIC110", 110, "C", 5.5);
+    Host.Subscriptions.Deliver("HSIC110");
+    EXPECT_EQ(Grid.GetCell(0, kColPremium), Variant(5.5));
+    EXPECT_TRUE(Grid.GetCell(2, kColSide).IsNull());
+    EXPECT_EQ(Grid.GetRecordCount(), 3);
+}
+
+TEST_F(TSymbolEntry, ALoadedRowThatGoesLeavesAnInputRow) {
+    Grid.SetRecordCount(4);
+    Grid.SetCell(0, kColSymbol, "HSIC100");
+    Grid.SetCell(1, kColSymbol, "FOREIGN");
+    Grid.SetCell(2, kColSymbol, "HSIC120");
+    Grid.FirstInputRow = 3;
+    Host.Subscriptions.Item("FOREIGN").Ready().Set(kFieldExchange, "XDER");
+    Entry.ReCheckSymbol("FOREIGN");
+    EXPECT_EQ(Grid.GetRecordCount(), 3);
+    EXPECT_EQ(Grid.GetSymbol(1), "HSIC120");
+    EXPECT_EQ(Grid.FirstInputRow, 2);
+}
+
+TEST_F(TSymbolEntry, ArrivingDataLeaveTheSymbolInItsCell) {
+    Type(0, "HSIC110");
+    Host.Editors.Convert = [](const Text& T) { return T + "!"; };
+    Ready("HSIC110", 110, "C", 5.5);
+    Host.Subscriptions.Deliver("HSIC110");
+    EXPECT_EQ(Grid.GetCell(0, kColSymbol), Variant("HSIC110"));
+}
+
+TEST_F(TSymbolEntry, AListedSymbolWithoutAnyDataIsFilledAndNotAskedForAgain) {
+    Host.Subscriptions.Item("HSIC110").State = kItemNoData;
+    EXPECT_EQ(Type(0, "HSIC110"), Variant("HSIC110"));
+    EXPECT_EQ(Grid.GetCell(0, kColStrike), Variant(110.0));
+    EXPECT_EQ(Grid.GetCell(0, kColCallPut), Variant("Call"));
+    EXPECT_TRUE(Grid.GetCell(0, kColPremium).IsNull());
+    EXPECT_EQ(Host.Subscriptions.SubscribeCount, 0);
 }
 
 }  // namespace ventiq

@@ -6,7 +6,11 @@
 namespace ventiq {
 
 TEST(SymbolText, IsPaddedTrimmedAndUpperCased) {
-    const struct { const char* Why; const char* Typed; const char* Expected; } Cases[] = {
+    const struct {
+        const char* Why;
+        const char* Typed;
+        const char* Expected;
+    } Cases[] = {
         {"a digit is padded to five", "5", "00005"},
         {"blanks around a number do not count", "  700 ", "00700"},
         {"five digits stay", "12345", "12345"},
@@ -16,7 +20,11 @@ TEST(SymbolText, IsPaddedTrimmedAndUpperCased) {
         {"a sign belongs to the number and is padded in front", "-5", "000-5"},
         {"a fraction is no whole number", "1.5", "1.5"},
         {"nothing stays nothing", "   ", ""},
-        {"letters beyond ASCII stay whole", "\xC3\xA4" "b", "\xC3\xA4" "B"},
+        {"letters beyond ASCII stay whole",
+         "\xC3\xA4"
+         "b",
+         "\xC3\xA4"
+         "B"},
     };
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);
