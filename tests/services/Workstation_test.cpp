@@ -118,6 +118,23 @@ TEST_F(TWorkstationTest, SymbolsAreConvertedToTheExchangesForm) {
     EXPECT_EQ(Editors.GetConvertSymbol("SPX   230217C04100000"), "SPX230217C04100000");
 }
 
+// A damaged layout text named one column more often than the grid has columns, and the reader ran past the last one.
+// Unknown and repeated columns are passed over now.
+TEST_F(TWorkstationTest, AColumnLayoutIsAppliedWhateverItNames) {
+    Open();
+    fw::TGridTableView Grid;
+    for (int Tag : {0, 11, 28}) {
+        auto& Column = Grid.CreateColumn();
+        Column.Tag = Tag;
+        Column.SetWidth(50);
+    }
+    auto& Editors = fw::TEditorManager::GetInstance();
+    Editors.SetGridColumnLayout(&Grid, "28,70,1;28,90,0;77,10,1;0,60,0;;x,1,1;28;28;28", nullptr);
+    EXPECT_EQ(Editors.GetGridColumnLayout(&Grid, nullptr), "28,70,1;0,60,0;11,50,1");
+    Editors.SetGridColumnLayout(&Grid, "", nullptr);
+    EXPECT_EQ(Editors.GetGridColumnLayout(&Grid, nullptr), "28,70,1;0,60,0;11,50,1");
+}
+
 TEST_F(TWorkstationTest, PricesAreWrittenAsTheirSymbolIsQuoted) {
     Open();
     auto& Formatter = fw::TCustomFormatter::GetInstance();

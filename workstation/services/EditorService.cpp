@@ -83,7 +83,7 @@ void TEditorService::SetGridColumnLayout(fw::TGridTableView* View, const fw::Tex
         std::getline(Parts, Visible, ',');
         const auto Id = fw::TextToInt(Tag);
         const int From = Id ? ColumnWithTag(*View, *Id) : -1;
-        if (From < 0) continue;
+        if (From < Position) continue;  // unknown, or named before: columns that were placed stand in front
         View->MoveColumn(From, Position);
         auto* Column = View->GetColumn(Position++);
         if (const auto W = fw::TextToInt(Width); W && *W > 0) Column->SetWidth(*W);
