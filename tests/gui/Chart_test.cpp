@@ -7,7 +7,8 @@ namespace gui {
 class ChartTest : public GuiTest {
 protected:
     ChartTest() {
-        for (const auto& [X, Y] : {std::pair{90.0, -250.0}, std::pair{100.0, -250.0}, std::pair{110.0, 250.0}}) Frame.Line.AddXY(X, Y);
+        for (const auto& [X, Y] : {std::pair{90.0, -250.0}, std::pair{100.0, -250.0}, std::pair{110.0, 250.0}})
+            Frame.Line.AddXY(X, Y);
         Frame.Zero.AddXY(90, 0);
         Frame.Zero.AddXY(110, 0);
         Frame.Chart.LeftAxis().AutomaticMinimum = Frame.Chart.LeftAxis().AutomaticMaximum = false;
@@ -36,7 +37,8 @@ TEST_F(ChartTest, TheMouseReachesTheModelAndTheHintStandsAtTheScreenPoint) {
     const QRect Area = Widget().GetPlotArea();
     const QPoint Middle = Area.center();
     QTest::mouseMove(Plot, Middle - Plot->pos());
-    QMouseEvent Move(QEvent::MouseMove, Middle - Plot->pos(), Plot->mapToGlobal(Middle - Plot->pos()), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent Move(QEvent::MouseMove, Middle - Plot->pos(), Plot->mapToGlobal(Middle - Plot->pos()), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(Plot, &Move);
     EXPECT_TRUE(Frame.Chart.HasCursor());
     EXPECT_NEAR(Frame.Chart.CursorAxisX(), 100.0, 0.3);

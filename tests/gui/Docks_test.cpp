@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QEventLoop>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 #include "framework/base/ClassRegistry.h"
@@ -129,6 +131,24 @@ TEST_F(DocksTest, ClosingWithAnOpenEditorIsHarmless) {
     QTest::keyClicks(Grid->GetEditorWidget()->FocusWidget(), "half");
     Dock.close();
     EXPECT_TRUE(QTest::qWaitFor([this] { return Docks.Docks().empty(); }));
+}
+
+TEST_F(DocksTest, AnInstanceWhoseHandlerRunsALoopIsClosedAfterIt) {
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    bool StoodWhileTheHandlerRan = false;
+    FrameOf(Dock).Go.OnClick = [&](fw::TObject*) {
+        Dock.close();
+        QEventLoop Inner;  // a message box
+        QTimer::singleShot(120, &Inner, &QEventLoop::quit);
+        Inner.exec();
+        StoodWhileTheHandlerRan = Docks.Docks().size() == 1;
+    };
+    QEventLoop Outer;
+    QTimer::singleShot(0, &Outer, [&] { FrameOf(Dock).Go.Click(); });
+    QTimer::singleShot(600, &Outer, &QEventLoop::quit);
+    Outer.exec();
+    EXPECT_TRUE(StoodWhileTheHandlerRan);
+    EXPECT_TRUE(Docks.Docks().empty());
 }
 
 TEST_F(DocksTest, ASwitchOfLanguagePostsTheEditorAndRenamesEverything) {

@@ -22,7 +22,8 @@ protected:
     ws::TSpinEditRenderer& Spin(fw::TSpinEdit& Model) const {
         for (auto* Each : Window->findChildren<QWidget*>())
             if (auto* Found = dynamic_cast<ws::TSpinEditRenderer*>(Each))
-                if (Found->accessibleName() == ws::ToQt(&Model == &Frame.Down ? "Res_DownPrice" : "Res_UpPrice")) return *Found;
+                if (Found->accessibleName() == ws::ToQt(&Model == &Frame.Down ? "Res_DownPrice" : "Res_UpPrice"))
+                    return *Found;
         throw std::runtime_error("no spin editor");
     }
     ws::TButtonRenderer& Button(const char* Caption) const {
@@ -68,8 +69,8 @@ TEST_F(EditorsTest, TheWheelSpinsAFocusedEditorOnly) {
     auto& Editor = Spin(Frame.Down);
     Frame.Go.SetFocus();
     const auto Turn = [&Editor] {
-        QWheelEvent Wheel(QPointF(5, 5), Editor.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
+        QWheelEvent Wheel(QPointF(5, 5), Editor.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&Editor, &Wheel);
     };
     Turn();
@@ -110,7 +111,8 @@ TEST_F(EditorsTest, LeavingTheWholeFormPostsToo) {
     Elsewhere.activateWindow();
     Other.setFocus(Qt::OtherFocusReason);
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == &Other; }));
-    // A change of the active window alone is no leaving; the value is posted by whatever the user does next in the form.
+    // A change of the active window alone is no leaving; the value is posted by whatever the user does next in the
+    // form.
     Window->activateWindow();
     QTest::mouseClick(&Button("Res_Calculate"), Qt::LeftButton);
     EXPECT_EQ(Frame.Down.GetFloat(), 42.0);

@@ -35,9 +35,12 @@ protected:
 
     ws::TGridRenderer& GridWidget() const { return *Find<ws::TGridRenderer>(); }
     void ClickCell(int Record, int Tag) {
-        QTest::mouseClick(GridWidget().viewport(), Qt::LeftButton, {}, GridWidget().CellRect(Record, Frame.ColumnOf(Tag)).center());
+        QTest::mouseClick(GridWidget().viewport(), Qt::LeftButton, {},
+                          GridWidget().CellRect(Record, Frame.ColumnOf(Tag)).center());
     }
-    QWidget* EditorFocus() const { return GridWidget().GetEditorWidget() ? GridWidget().GetEditorWidget()->FocusWidget() : nullptr; }
+    QWidget* EditorFocus() const {
+        return GridWidget().GetEditorWidget() ? GridWidget().GetEditorWidget()->FocusWidget() : nullptr;
+    }
     void PressInEditor(Qt::Key Key, Qt::KeyboardModifiers Modifiers = {}) {
         if (!EditorFocus()) throw std::runtime_error("no editor is open");
         QTest::keyClick(EditorFocus(), Key, Modifiers);

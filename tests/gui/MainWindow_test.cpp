@@ -18,6 +18,7 @@
 #include "framework/controls/Chart.h"
 #include "framework/controls/ComboBox.h"
 #include "tests/gui/FakeDialogs.h"
+#include "tests/gui/TestFrame.h"
 #include "workstation/renderers/GridRenderer.h"
 #include "workstation/shell/MainWindow.h"
 #include "workstation/shell/PackageLoader.h"
@@ -137,7 +138,8 @@ TEST_F(MainWindowTest, ASymbolIsSearchedAndChosenInThePopup) {
     const auto Buttons = Grid().CellButtons(0, 0);
     ASSERT_EQ(Buttons.size(), 1u);
     QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Buttons[0].Rect.center());
-    auto* Search = qobject_cast<QLineEdit*>(QApplication::activePopupWidget() ? QApplication::activePopupWidget()->findChild<QLineEdit*>() : nullptr);
+    auto* Search = qobject_cast<QLineEdit*>(
+        QApplication::activePopupWidget() ? QApplication::activePopupWidget()->findChild<QLineEdit*>() : nullptr);
     ASSERT_NE(Search, nullptr);
     QTest::keyClicks(Search, "hsi 2026/12 25600 p");
     auto* List = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
@@ -197,7 +199,10 @@ TEST_F(MainWindowTest, TheSkinSwitchesThePaletteAndTheViewsColours) {
     const QColor LightRow = Grid().model()->index(0, 0).data(Qt::BackgroundRole).value<QColor>();
     Window->SetSkin("Dark");
     EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), Light.lightness());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Grid().model()->index(0, 0).data(Qt::BackgroundRole).value<QColor>() == Context.Color("coPayOffInputRowBgColor"); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return Grid().model()->index(0, 0).data(Qt::BackgroundRole).value<QColor>() ==
+               Context.Color("coPayOffInputRowBgColor");
+    }));
     EXPECT_NE(Context.Color("coPayOffInputRowBgColor"), LightRow);
     EXPECT_EQ(Workstation->LookAndFeel().GetSkinName(), "Dark");
     Window->SetSkin("Light");
@@ -207,7 +212,8 @@ TEST_F(MainWindowTest, AUserWithoutTheFunctionDoesNotSeeTheView) {
     PlayFirstStart();
     fw::Text Without, With = Workstation->User().Code;
     for (const auto& User : Workstation->Users())
-        if (std::find(User.Functions.begin(), User.Functions.end(), "PayOff") == User.Functions.end()) Without = User.Code;
+        if (std::find(User.Functions.begin(), User.Functions.end(), "PayOff") == User.Functions.end())
+            Without = User.Code;
     ASSERT_FALSE(Without.empty());
     Dialogs->Yes = false;
     EXPECT_FALSE(Window->SetUser(Without));
@@ -224,7 +230,7 @@ TEST_F(MainWindowTest, AUserWithoutTheFunctionDoesNotSeeTheView) {
 
 TEST_F(MainWindowTest, ClosedViewsLeaveNoRegistrationBehind) {
     PlayFirstStart();
-    Window->Docks().Open(*Window->Catalog().Views().front());
+    Window->Docks().Open(Window->Docks().Current()->View());
     EXPECT_TRUE(Workstation->HasOwners());
     Window->Docks().CloseAll();
     Window.reset();
@@ -238,6 +244,54 @@ TEST_F(MainWindowTest, AFileThatIsNoChainIsRefusedWithASentence) {
     ASSERT_EQ(Dialogs->Told.size(), 1u);
     EXPECT_NE(Dialogs->Told[0].find("prose.csv"), fw::Text::npos);
     EXPECT_EQ(Window->Messages().UnseenProblems(), 1);
+}
+
+TEST_F(MainWindowTest, AChainIsImportedAndItsExchangeStandsInTheSelector) {
+    fw::TFrame& Frame = PlayFirstStart();
+    auto* Exchanges = Frame.FindControl<fw::TComboBox>("cmbExchange");
+    const int Before = Exchanges->GetCount();
+    Window->ImportFile(QStringLiteral(TEST_DATA_FOLDER "/chain_small.csv"));
+    ASSERT_EQ(Dialogs->Told.size(), 1u);
+    EXPECT_NE(Dialogs->Told[0].find("TLX"), fw::Text::npos) << Dialogs->Told[0];
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Exchanges->GetCount() == Before + 1; }, 3000));
+}
+
+TEST_F(MainWindowTest, BadLinesAreShownAndSkippedOnlyWhenTheUserSaysSo) {
+    const QString File = QStringLiteral(TEST_DATA_FOLDER "/chain_bad_lines.csv");
+    Dialogs->Yes = false;
+    Window->ImportFile(File);
+    ASSERT_EQ(Dialogs->Asked.size(), 1u);
+    EXPECT_NE(Dialogs->Asked[0].find("TLXW24C01020000"), fw::Text::npos) << Dialogs->Asked[0];
+    EXPECT_TRUE(Dialogs->Told.empty());
+    EXPECT_EQ(Workstation->Market().GetSeriesCount("CBOE"), 0);
+    Dialogs->Yes = true;
+    Window->ImportFile(File);
+    EXPECT_EQ(Dialogs->Told.size(), 1u);
+    EXPECT_GT(Workstation->Market().GetSeriesCount("CBOE"), 0);
+}
+
+TEST_F(MainWindowTest, ADateThatCanBeReadTwoWaysIsAskedFor) {
+    const QString File = QStringLiteral(TEST_DATA_FOLDER "/chain_numeric_date.csv");
+    Dialogs->Choice = -1;
+    Window->ImportFile(File);
+    EXPECT_EQ(Dialogs->Asked.size(), 1u);
+    EXPECT_EQ(Workstation->Market().GetSeriesCount("CBOE"), 0);
+    Dialogs->Choice = 0;
+    Window->ImportFile(File);
+    EXPECT_EQ(Dialogs->Told.size(), 1u);
+    EXPECT_GT(Workstation->Market().GetSeriesCount("CBOE"), 0);
+}
+
+TEST_F(MainWindowTest, ACellThatAViewRefusesToEditIsExplainedInTheStatusBar) {
+    TTestView View;
+    ws::TViewDock* Dock = Window->Docks().Open(View);
+    ASSERT_NE(Dock, nullptr);
+    auto& Frame = dynamic_cast<TTestFrame&>(*Dock->Frame());
+    Frame.AllowEditing = false;
+    QTest::qWait(1);
+    QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().CellRect(0, 0).center());
+    EXPECT_EQ(Window->Status().Hint(), "Choose exchange, series and expiry to type legs.");
+    Window->Docks().CloseAll();
 }
 
 TEST_F(MainWindowTest, TheSampleMarketIsPutBackAfterAQuestion) {

@@ -28,7 +28,8 @@ fw::TGridColumn& AddColumn(fw::TGridTableView& View, int Tag, bool Editing, fw::
 
 fw::Variant TLongTable::GetValue(int32_t Record, int32_t Attribute) {
     if (Record < 0 || Record >= Count) return {};
-    return Attribute == kProfit ? fw::Variant(static_cast<double>(Record) - Count / 2) : fw::Variant(static_cast<double>(Record));
+    return Attribute == kProfit ? fw::Variant(static_cast<double>(Record) - Count / 2)
+                                : fw::Variant(static_cast<double>(Record));
 }
 
 fw::Text TLongTable::GetDisplayValue(int32_t Record, int32_t Attribute) {
@@ -58,8 +59,9 @@ TTestFrame::TTestFrame() {
     Root.Add(Top);
     Root.Add(GridItem);
     Root.Add(Result);
-    const std::pair<const char*, fw::TControl*> Named[] = {{"combo", &Combo},  {"down", &Down}, {"up", &Up},     {"account", &Account}, {"go", &Go},
-                                                           {"idle", &Idle},    {"grid", &Grid}, {"chart", &Chart}, {"detail", &Detail}};
+    const std::pair<const char*, fw::TControl*> Named[] = {
+        {"combo", &Combo}, {"down", &Down}, {"up", &Up},       {"account", &Account}, {"go", &Go},
+        {"idle", &Idle},   {"grid", &Grid}, {"chart", &Chart}, {"detail", &Detail}};
     for (const auto& [Name, Control] : Named) Controls().Attach(Name, *Control);
     TTestFrame::SetLanguage(0);
 }
@@ -106,7 +108,9 @@ void TTestFrame::SetUpColumns() {
 }
 
 void TTestFrame::SetUpEvents() {
-    Grid.OnEditing = [this](fw::TGridTableView&, fw::TGridColumn& Column, bool& Allow) { Allow = AllowEditing && Column.Editing; };
+    Grid.OnEditing = [this](fw::TGridTableView&, fw::TGridColumn& Column, bool& Allow) {
+        Allow = AllowEditing && Column.Editing;
+    };
     Grid.OnGetContentStyle = [this](int Row, fw::TGridColumn&) -> fw::TStyle* {
         return Grid.GetDataController().GetValue(Row, 0).IsNull() ? nullptr : &InputStyle;
     };

@@ -54,9 +54,11 @@ public:
     fw::TCaptionButtonList Buttons{&MoreButton, &BrokenButton};
     fw::TImageList Images{{"less", "more", "show-hint", "hide-hint"}};
 
-    fw::TLayoutItem ComboItem{&Combo}, DownItem{&Down}, UpItem{&Up}, AccountItem{&Account}, GoItem{&Go}, IdleItem{&Idle};
+    fw::TLayoutItem ComboItem{&Combo}, DownItem{&Down}, UpItem{&Up}, AccountItem{&Account}, GoItem{&Go},
+        IdleItem{&Idle};
     fw::TLayoutItem GridItem{&GridControl}, ChartItem{&Chart}, DetailItem{&DetailControl};
-    fw::TLayoutGroup Top{fw::EDirection::Horizontal}, Result{fw::EDirection::Horizontal}, Root{fw::EDirection::Vertical};
+    fw::TLayoutGroup Top{fw::EDirection::Horizontal}, Result{fw::EDirection::Horizontal},
+        Root{fw::EDirection::Vertical};
 
     // What the form's handlers saw.
     std::vector<fw::Text> Seen;

@@ -54,8 +54,8 @@ TEST_F(WindowedGridTest, TheGreatestCountHasALastRowToo) {
 TEST_F(WindowedGridTest, TheWheelMovesByRowsAndStopsAtTheEnds) {
     Fill(1000);
     const auto Turn = [this](int Notches) {
-        QWheelEvent Wheel(QPointF(5, 50), Detail().mapToGlobal(QPointF(5, 50)), {}, QPoint(0, 120 * Notches), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent Wheel(QPointF(5, 50), Detail().mapToGlobal(QPointF(5, 50)), {}, QPoint(0, 120 * Notches),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(Detail().viewport(), &Wheel);
     };
     Turn(-2);

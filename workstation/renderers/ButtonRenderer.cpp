@@ -6,7 +6,8 @@
 
 namespace ws {
 
-TButtonRenderer::TButtonRenderer(fw::TButton& Model, TRenderContext&, QWidget* Parent) : QPushButton(Parent), FModel(Model) {
+TButtonRenderer::TButtonRenderer(fw::TButton& Model, TRenderContext&, QWidget* Parent)
+    : QPushButton(Parent), FModel(Model) {
     new TFocusBridge(Model, *this);
     FLinks += Model.OnModelChanged.Connect([this] { Reload(); });
     connect(this, &QPushButton::clicked, this, [this] {

@@ -21,25 +21,24 @@ struct TLeaveKey {
     ELeave Way;
     bool UpDown;
 };
-constexpr std::array kLeaveKeys{TLeaveKey{Qt::Key_Return, ELeave::Post, false},   TLeaveKey{Qt::Key_Enter, ELeave::Post, false},
-                                TLeaveKey{Qt::Key_Escape, ELeave::Cancel, false}, TLeaveKey{Qt::Key_Tab, ELeave::Next, false},
-                                TLeaveKey{Qt::Key_Backtab, ELeave::Previous, false}, TLeaveKey{Qt::Key_Up, ELeave::Up, true},
-                                TLeaveKey{Qt::Key_Down, ELeave::Down, true}};
+constexpr std::array kLeaveKeys{
+    TLeaveKey{Qt::Key_Return, ELeave::Post, false},      TLeaveKey{Qt::Key_Enter, ELeave::Post, false},
+    TLeaveKey{Qt::Key_Escape, ELeave::Cancel, false},    TLeaveKey{Qt::Key_Tab, ELeave::Next, false},
+    TLeaveKey{Qt::Key_Backtab, ELeave::Previous, false}, TLeaveKey{Qt::Key_Up, ELeave::Up, true},
+    TLeaveKey{Qt::Key_Down, ELeave::Down, true}};
 
 struct TKeyCode {
     int Key;
     int Code;
 };
 // Key codes as the framework counts them; letters and digits are their capital ASCII code.
-constexpr std::array kKeyCodes{TKeyCode{Qt::Key_Up, fw::kKeyUp}, TKeyCode{Qt::Key_Down, fw::kKeyDown},
-                               TKeyCode{Qt::Key_Backspace, 8},   TKeyCode{Qt::Key_Tab, 9},
-                               TKeyCode{Qt::Key_Backtab, 9},     TKeyCode{Qt::Key_Return, 13},
-                               TKeyCode{Qt::Key_Enter, 13},      TKeyCode{Qt::Key_Shift, 16},
-                               TKeyCode{Qt::Key_Control, 17},    TKeyCode{Qt::Key_Escape, 27},
-                               TKeyCode{Qt::Key_PageUp, 33},     TKeyCode{Qt::Key_PageDown, 34},
-                               TKeyCode{Qt::Key_End, 35},        TKeyCode{Qt::Key_Home, 36},
-                               TKeyCode{Qt::Key_Left, 37},       TKeyCode{Qt::Key_Right, 39},
-                               TKeyCode{Qt::Key_Delete, 46}};
+constexpr std::array kKeyCodes{
+    TKeyCode{Qt::Key_Up, fw::kKeyUp}, TKeyCode{Qt::Key_Down, fw::kKeyDown}, TKeyCode{Qt::Key_Backspace, 8},
+    TKeyCode{Qt::Key_Tab, 9},         TKeyCode{Qt::Key_Backtab, 9},         TKeyCode{Qt::Key_Return, 13},
+    TKeyCode{Qt::Key_Enter, 13},      TKeyCode{Qt::Key_Shift, 16},          TKeyCode{Qt::Key_Control, 17},
+    TKeyCode{Qt::Key_Escape, 27},     TKeyCode{Qt::Key_PageUp, 33},         TKeyCode{Qt::Key_PageDown, 34},
+    TKeyCode{Qt::Key_End, 35},        TKeyCode{Qt::Key_Home, 36},           TKeyCode{Qt::Key_Left, 37},
+    TKeyCode{Qt::Key_Right, 39},      TKeyCode{Qt::Key_Delete, 46}};
 
 int CodeOf(const QKeyEvent& Event) {
     for (const TKeyCode& K : kKeyCodes)
@@ -67,8 +66,10 @@ public:
         FSpins = E.IsSpin();
         Line().setAlignment(ToQtAlignment(AlignmentOf(E)));
         Reload();
-        if (E.IsCaretAtEnd()) Line().end(false);
-        else Line().selectAll();
+        if (E.IsCaretAtEnd())
+            Line().end(false);
+        else
+            Line().selectAll();
     }
 
     QWidget* Widget() override { return this; }

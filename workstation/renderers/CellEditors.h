@@ -26,10 +26,10 @@ public:
 
     virtual QWidget* Widget() = 0;
     virtual QWidget* FocusWidget() = 0;
-    virtual void Reload() = 0;                    // shows the model's text and items
-    virtual void Step(int Steps);                 // a button of the cell was pressed; nothing where there is none
-    virtual void Open() {}                        // drops the list or popup down
-    virtual void TypeFirst(QKeyEvent* Event) = 0; // the key that opened the editor
+    virtual void Reload() = 0;                     // shows the model's text and items
+    virtual void Step(int Steps);                  // a button of the cell was pressed; nothing where there is none
+    virtual void Open() {}                         // drops the list or popup down
+    virtual void TypeFirst(QKeyEvent* Event) = 0;  // the key that opened the editor
 
     std::function<void(ELeave Way)> OnLeave;
 

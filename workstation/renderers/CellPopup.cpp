@@ -28,9 +28,7 @@ protected:
 TCellPopup::TCellPopup(fw::TGridTableView& View, TRenderContext& Context, QWidget& Anchor)
     : FView(View), FContext(Context), FAnchor(Anchor) {}
 
-TCellPopup::~TCellPopup() {
-    Hidden();
-}
+TCellPopup::~TCellPopup() { Hidden(); }
 
 // The window went, or the editor goes: the control hears of it once.
 void TCellPopup::Hidden() {

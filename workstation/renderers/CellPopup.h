@@ -10,7 +10,8 @@
 
 namespace ws {
 
-// The drop-down of a popup cell: asks the view for its content, shows it below the cell, hides it when either side says so.
+// The drop-down of a popup cell: asks the view for its content, shows it below the cell, hides it when either side says
+// so.
 class TCellPopup {
 public:
     TCellPopup(fw::TGridTableView& View, TRenderContext& Context, QWidget& Anchor);

@@ -3,10 +3,10 @@
 
 #include <cmath>
 
+#include <qcustomplot.h>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QVBoxLayout>
-#include <qcustomplot.h>
 
 #include "framework/base/Dispatch.h"
 #include "framework/base/Numbers.h"
@@ -16,7 +16,7 @@ namespace ws {
 
 namespace {
 
-constexpr int kShadeAlpha = 38;        // of 255
+constexpr int kShadeAlpha = 38;  // of 255
 constexpr double kLineWidth = 2.0;
 
 using TPoints = QVector<QPointF>;
@@ -24,7 +24,8 @@ using TPoints = QVector<QPointF>;
 TPoints FinitePoints(const fw::TLineSeries& Series) {
     TPoints Result;
     for (int i = 0; i < Series.GetCount(); ++i)
-        if (std::isfinite(Series.GetX(i)) && std::isfinite(Series.GetY(i))) Result << QPointF(Series.GetX(i), Series.GetY(i));
+        if (std::isfinite(Series.GetX(i)) && std::isfinite(Series.GetY(i)))
+            Result << QPointF(Series.GetX(i), Series.GetY(i));
     return Result;
 }
 
@@ -47,7 +48,9 @@ public:
     TMarkedCurve(QCPAxis* X, QCPAxis* Y, int Overhang) : QCPCurve(X, Y), FOverhang(Overhang) {}
 
 protected:
-    QRect clipRect() const override { return QCPCurve::clipRect().adjusted(-FOverhang, -FOverhang, FOverhang, FOverhang); }
+    QRect clipRect() const override {
+        return QCPCurve::clipRect().adjusted(-FOverhang, -FOverhang, FOverhang, FOverhang);
+    }
 
 private:
     int FOverhang;  // pixels
@@ -74,7 +77,8 @@ protected:
         return LastStep;
     }
     QString getTickLabel(double Tick, const QLocale&, QChar, int) override {
-        const int Decimals = LastStep > 0 ? std::clamp(static_cast<int>(1 - std::floor(std::log10(LastStep))), 0, 8) : 2;
+        const int Decimals =
+            LastStep > 0 ? std::clamp(static_cast<int>(1 - std::floor(std::log10(LastStep))), 0, 8) : 2;
         return ToQt(fw::FloatToText(Tick, Decimals, true));
     }
 };
@@ -160,13 +164,16 @@ void TChartRenderer::TPlot::AddLine(const fw::TLineSeries& Series) {
         AddShade(Points, 1.0, "coProfit");
         AddShade(Points, -1.0, "coLoss");
     }
-    auto* Line = new TMarkedCurve(FPlot->xAxis, FPlot->yAxis, Series.PointerVisible ? FContext.Scaled(Series.PointerSize) + 1 : 0);
+    auto* Line = new TMarkedCurve(FPlot->xAxis, FPlot->yAxis,
+                                  Series.PointerVisible ? FContext.Scaled(Series.PointerSize) + 1 : 0);
     for (const QPointF& P : Points) Line->addData(P.x(), P.y());
     const QColor Color = Series.GetColor() ? ToQColor(*Series.GetColor()) : FContext.Color("coChartLine");
     Line->setPen(QPen(Color, kLineWidth, Series.PointerVisible ? Qt::SolidLine : Qt::DashLine));
     if (Series.PointerVisible) {
-        const auto Shape = Series.PointerStyle == fw::EPointerStyle::Rectangle ? QCPScatterStyle::ssSquare : QCPScatterStyle::ssCircle;
-        Line->setScatterStyle(QCPScatterStyle(Shape, QPen(Color), QBrush(Color), 2.0 * FContext.Scaled(Series.PointerSize)));
+        const auto Shape =
+            Series.PointerStyle == fw::EPointerStyle::Rectangle ? QCPScatterStyle::ssSquare : QCPScatterStyle::ssCircle;
+        Line->setScatterStyle(
+            QCPScatterStyle(Shape, QPen(Color), QBrush(Color), 2.0 * FContext.Scaled(Series.PointerSize)));
     }
     ++FLines;
 }
@@ -250,7 +257,8 @@ double TChartRenderer::GetTickStep() const { return FPlot->TickStep(); }
 void TChartRenderer::DrawLater() {
     if (FWaiting) return;
     FWaiting = true;
-    QMetaObject::invokeMethod(this, [this] { Redraw(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Redraw(); }, Qt::QueuedConnection);
 }
 
 void TChartRenderer::Redraw() {

@@ -8,8 +8,8 @@
 
 namespace ws {
 
-// Pixels of each column of a view, 0 for a hidden one: the columns' own widths at the font's scale; with auto width they
-// share Room by those widths, none below its minimum.
+// Pixels of each column of a view, 0 for a hidden one: the columns' own widths at the font's scale; with auto width
+// they share Room by those widths, none below its minimum.
 std::vector<int> ColumnWidths(const fw::TGridTableView& View, const TRenderContext& Context, int Room);
 
 }  // namespace ws

@@ -10,7 +10,8 @@
 
 namespace ws {
 
-TComboRenderer::TComboRenderer(fw::TComboBox& Model, TRenderContext&, QWidget* Parent) : QComboBox(Parent), FModel(Model) {
+TComboRenderer::TComboRenderer(fw::TComboBox& Model, TRenderContext&, QWidget* Parent)
+    : QComboBox(Parent), FModel(Model) {
     setFocusPolicy(Qt::StrongFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(8);
@@ -46,8 +47,10 @@ void TComboRenderer::ReloadIndex() {
 }
 
 void TComboRenderer::wheelEvent(QWheelEvent* Event) {
-    if (hasFocus()) QComboBox::wheelEvent(Event);
-    else Event->ignore();
+    if (hasFocus())
+        QComboBox::wheelEvent(Event);
+    else
+        Event->ignore();
 }
 
 }  // namespace ws

@@ -14,7 +14,8 @@ public:
     TComboRenderer(fw::TComboBox& Model, TRenderContext& Context, QWidget* Parent);
 
 protected:
-    void wheelEvent(QWheelEvent* Event) override;  // the wheel turns a focused combo only, else it scrolls what is around
+    void wheelEvent(
+        QWheelEvent* Event) override;  // the wheel turns a focused combo only, else it scrolls what is around
 
 private:
     void ReloadItems();

@@ -83,15 +83,17 @@ void TCellDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Option,
     initStyleOption(&Cell, Index);
     const bool Focused = Grid->IsFocusedCell(Index);
     Painter->save();
-    const QBrush Background = Cell.backgroundBrush.style() == Qt::NoBrush ? Cell.palette.brush(QPalette::Base)
-                                                                          : Cell.backgroundBrush;
+    const QBrush Background =
+        Cell.backgroundBrush.style() == Qt::NoBrush ? Cell.palette.brush(QPalette::Base) : Cell.backgroundBrush;
     Painter->fillRect(Cell.rect, Background);
     const QColor Ink = ReadableOn(Background.color(), Cell.palette.color(QPalette::Text));
     QRect Room = Cell.rect.adjusted(kPadding, 0, -kPadding, 0);
     for (const TCellButton& Button : Buttons(View->GetCellProperties(Index.row(), Index.column()), Cell.rect)) {
         DrawArrow(*Painter, Button, Grid->isEnabled() ? Ink : FContext.Color("coDisabledText"));
-        if (Button.Rect.center().x() < Cell.rect.center().x()) Room.setLeft(Button.Rect.right() + 2);
-        else Room.setRight(std::min(Room.right(), Button.Rect.left() - 2));
+        if (Button.Rect.center().x() < Cell.rect.center().x())
+            Room.setLeft(Button.Rect.right() + 2);
+        else
+            Room.setRight(std::min(Room.right(), Button.Rect.left() - 2));
     }
     if (Cell.font.italic()) {
         const int Side = Cell.fontMetrics.ascent();
@@ -100,8 +102,9 @@ void TCellDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Option,
     }
     Painter->setFont(Cell.font);
     Painter->setPen(Cell.palette.color(QPalette::Text));
-    const QString Shown = View->Options.CellEndEllipsis ? Cell.fontMetrics.elidedText(Cell.text, Qt::ElideRight, Room.width())
-                                                        : Cell.text;
+    const QString Shown = View->Options.CellEndEllipsis
+                              ? Cell.fontMetrics.elidedText(Cell.text, Qt::ElideRight, Room.width())
+                              : Cell.text;
     Painter->drawText(Room, static_cast<int>(Cell.displayAlignment) | Qt::TextSingleLine, Shown);
     if (Focused) {
         Painter->setRenderHint(QPainter::Antialiasing, false);

@@ -21,10 +21,10 @@ struct TMoveKey {
     int Columns;
 };
 constexpr int kFar = 1 << 20;
-constexpr std::array kMoveKeys{TMoveKey{Qt::Key_Up, -1, 0},       TMoveKey{Qt::Key_Down, 1, 0},
-                               TMoveKey{Qt::Key_Left, 0, -1},     TMoveKey{Qt::Key_Right, 0, 1},
-                               TMoveKey{Qt::Key_PageUp, -10, 0},  TMoveKey{Qt::Key_PageDown, 10, 0},
-                               TMoveKey{Qt::Key_Home, 0, -kFar},  TMoveKey{Qt::Key_End, 0, kFar}};
+constexpr std::array kMoveKeys{TMoveKey{Qt::Key_Up, -1, 0},      TMoveKey{Qt::Key_Down, 1, 0},
+                               TMoveKey{Qt::Key_Left, 0, -1},    TMoveKey{Qt::Key_Right, 0, 1},
+                               TMoveKey{Qt::Key_PageUp, -10, 0}, TMoveKey{Qt::Key_PageDown, 10, 0},
+                               TMoveKey{Qt::Key_Home, 0, -kFar}, TMoveKey{Qt::Key_End, 0, kFar}};
 
 }  // namespace
 
@@ -57,8 +57,10 @@ void TGridRenderer::mouseReleaseEvent(QMouseEvent* Event) {
     if (!StartEdit(Cell.row(), Cell.column()) || !FEditor) return;
     for (const TCellButton& Button : Pressed) {
         if (!Button.Rect.contains(At)) continue;
-        if (Button.Steps != 0) FEditor->Step(Button.Steps);
-        else FEditor->Open();
+        if (Button.Steps != 0)
+            FEditor->Step(Button.Steps);
+        else
+            FEditor->Open();
         return;
     }
     if (FView->GetEditor() && FView->GetEditor()->IsCombo()) FEditor->Open();
@@ -72,7 +74,8 @@ bool TGridRenderer::MoveFocus(int Records, int Columns) {
     const int Record = std::clamp(FView->GetFocusedRecord() + Records, 0, FModel->rowCount() - 1);
     int Column = std::max(0, FView->GetFocusedColumn());
     const int Way = Columns < 0 ? -1 : 1;
-    for (int Left = std::abs(Columns), Next = Column + Way; Left > 0 && Next >= 0 && Next < FModel->columnCount(); Next += Way)
+    for (int Left = std::abs(Columns), Next = Column + Way; Left > 0 && Next >= 0 && Next < FModel->columnCount();
+         Next += Way)
         if (!isColumnHidden(Next) && FView->GetColumn(Next)->Focusing) Column = Next, --Left;
     if (Record == FView->GetFocusedRecord() && Column == FView->GetFocusedColumn()) return false;
     FView->SetFocusedCell(Record, Column);
@@ -110,8 +113,10 @@ void TGridRenderer::Leave(ELeave Way) {
         return;
     }
     const bool Forward = Way == ELeave::Next;
-    if (Way == ELeave::Up || Way == ELeave::Down) MoveFocus(Way == ELeave::Up ? -1 : 1, 0);
-    else if (Way != ELeave::Post && !MoveToEditable(Forward, true)) QWidget::focusNextPrevChild(Forward);
+    if (Way == ELeave::Up || Way == ELeave::Down)
+        MoveFocus(Way == ELeave::Up ? -1 : 1, 0);
+    else if (Way != ELeave::Post && !MoveToEditable(Forward, true))
+        QWidget::focusNextPrevChild(Forward);
 }
 
 bool TGridRenderer::focusNextPrevChild(bool Next) {

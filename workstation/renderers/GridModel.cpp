@@ -69,8 +69,10 @@ QVariant TGridModel::data(const QModelIndex& Index, int Role) const {
         }
         case Qt::ForegroundRole: {
             const auto* Style = FView->GetCellStyle(Index.row(), Index.column());
-            const QColor Background = Style ? ToQColor(Style->GetColor()) : QApplication::palette().color(QPalette::Base);
-            const QColor Wanted = IsMarked(Index) ? FContext.Color("coNoData") : QApplication::palette().color(QPalette::Text);
+            const QColor Background =
+                Style ? ToQColor(Style->GetColor()) : QApplication::palette().color(QPalette::Base);
+            const QColor Wanted =
+                IsMarked(Index) ? FContext.Color("coNoData") : QApplication::palette().color(QPalette::Text);
             return ReadableOn(Background, Wanted);
         }
         case Qt::FontRole: {

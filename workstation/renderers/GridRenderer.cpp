@@ -115,7 +115,8 @@ bool TGridRenderer::eventFilter(QObject* Watched, QEvent* Event) {
     const bool Done = QTableView::eventFilter(Watched, Event);
     if (Event->type() == QEvent::MouseButtonRelease && Watched == horizontalHeader()->viewport() && FUserResized) {
         FUserResized = false;
-        QMetaObject::invokeMethod(this, [this] { TakeUserWidths(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { TakeUserWidths(); }, Qt::QueuedConnection);
     }
     return Done;
 }

@@ -63,7 +63,7 @@ private:
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;
     TGridModel* FModel;
-    TFocusBridge* FBridge = nullptr;  // child of this
+    TFocusBridge* FBridge = nullptr;                           // child of this
     std::array<std::unique_ptr<TCellDelegate>, 4> FDelegates;  // by editor kind
     TCellEditorWidget* FEditor = nullptr;                      // its widget is a child of the viewport
     fw::TCellEditor* FEdited = nullptr;                        // whom FEditor shows; only compared

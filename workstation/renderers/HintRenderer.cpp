@@ -19,6 +19,7 @@ THintRenderer::THintRenderer(fw::THintController& Model, QWidget& Form) {
     FWindow->setFrameShape(QFrame::Box);
     FWindow->setMargin(4);
     FWindow->setTextFormat(Qt::RichText);
+    FWindow->setAutoFillBackground(true);
     FWindow->hide();
     FLink = Model.OnChanged.Connect([this, &Model] { Reload(Model); });
 }
@@ -40,7 +41,8 @@ void THintRenderer::Reload(fw::THintController& Model) {
         return QStringLiteral("<div style='font-size:%1pt;font-weight:%2'>%3</div>")
             .arg(QString::number(Points), QLatin1String(Weight), Body);
     };
-    QString Html = Model.GetCaption().empty() ? QString() : Line(Model.GetCaption(), Model.GetCaptionFontSize(), "bold");
+    QString Html =
+        Model.GetCaption().empty() ? QString() : Line(Model.GetCaption(), Model.GetCaptionFontSize(), "bold");
     Html += Line(Model.GetText(), Model.GetTextFontSize(), "normal");
     FWindow->setText(Html);
     FWindow->adjustSize();

@@ -17,8 +17,10 @@ bool IsLow(const fw::TControl* Control) {
 }
 
 void SetExtent(QWidget& Widget, bool Horizontal, int Size) {
-    if (Horizontal) Widget.setFixedWidth(Size);
-    else Widget.setFixedHeight(Size);
+    if (Horizontal)
+        Widget.setFixedWidth(Size);
+    else
+        Widget.setFixedHeight(Size);
 }
 
 }  // namespace
@@ -66,8 +68,10 @@ TLayoutGroupRenderer::TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderConte
         QWidget* Widget = MakeRenderer(*Node, Context, FSplitter ? static_cast<QWidget*>(FSplitter) : this);
         if (!Widget) continue;
         Stretches |= Node->Stretch > 0;
-        if (FSplitter) AddToSplitter(*Node, Widget);
-        else AddToBox(*Box, *Node, Widget);
+        if (FSplitter)
+            AddToSplitter(*Node, Widget);
+        else
+            AddToBox(*Box, *Node, Widget);
     }
     if (!Stretches) Box->addStretch(1);
     FLinks += Model.OnModelChanged.Connect([this] { setVisible(FModel->IsVisible()); });
@@ -78,9 +82,12 @@ void TLayoutGroupRenderer::AddToBox(QBoxLayout& Box, fw::TLayoutNode& Node, QWid
     const bool Horizontal = FModel->GetDirection() == fw::EDirection::Horizontal;
     if (Node.PreferredSize > 0) {
         const int Size = FContext.Scaled(Node.PreferredSize);
-        if (Node.Stretch <= 0) SetExtent(*Widget, Horizontal, Size);
-        else if (Horizontal) Widget->setMinimumWidth(Size);
-        else Widget->setMinimumHeight(Size);
+        if (Node.Stretch <= 0)
+            SetExtent(*Widget, Horizontal, Size);
+        else if (Horizontal)
+            Widget->setMinimumWidth(Size);
+        else
+            Widget->setMinimumHeight(Size);
     }
     Box.addWidget(Widget, Node.Stretch);
 }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "framework/controls/SpinEdit.h"
+#include "workstation/renderers/ButtonLine.h"
 #include "workstation/renderers/ModelRef.h"
 #include "workstation/renderers/RenderContext.h"
-#include "workstation/renderers/ButtonLine.h"
 
 namespace ws {
 

@@ -20,7 +20,8 @@ ESymbolMark SymbolMark(const fw::Text& Symbol) {
 
 QString SymbolMarkHint(ESymbolMark Mark, const fw::Text& Symbol, const TRenderContext& Context) {
     if (Mark == ESymbolMark::None) return {};
-    return Context.Translate(Mark == ESymbolMark::NoData ? "Res_SymbolNoData" : "Res_SymbolWaiting", {fw::Trim(Symbol)});
+    return Context.Translate(Mark == ESymbolMark::NoData ? "Res_SymbolNoData" : "Res_SymbolWaiting",
+                             {fw::Trim(Symbol)});
 }
 
 }  // namespace ws

@@ -10,8 +10,8 @@ namespace ws {
 
 enum class ESymbolMark { None, Waiting, NoData };
 
-// Whether the market has data for a typed symbol: it is waited for, or the market answered that it has nothing. Requests
-// nothing. Blank symbols, and a program without market data, have no mark.
+// Whether the market has data for a typed symbol: it is waited for, or the market answered that it has nothing.
+// Requests nothing. Blank symbols, and a program without market data, have no mark.
 ESymbolMark SymbolMark(const fw::Text& Symbol);
 
 // What a mark means, for the mouse; empty for None.

@@ -94,8 +94,10 @@ void TWindowedGridRenderer::Reload() {
 
 void TWindowedGridRenderer::ScrollTo(int Row) {
     const int Rows = GetFullRows();
-    if (Row < GetTopRow()) verticalScrollBar()->setValue(Row);
-    else if (static_cast<int64_t>(Row) >= static_cast<int64_t>(GetTopRow()) + Rows) verticalScrollBar()->setValue(Row - Rows + 1);
+    if (Row < GetTopRow())
+        verticalScrollBar()->setValue(Row);
+    else if (static_cast<int64_t>(Row) >= static_cast<int64_t>(GetTopRow()) + Rows)
+        verticalScrollBar()->setValue(Row - Rows + 1);
 }
 
 void TWindowedGridRenderer::SetCurrent(int64_t Row) {
@@ -124,8 +126,11 @@ void TWindowedGridRenderer::PaintHeader(QPainter& Painter, const std::vector<int
         const QString Caption = ToQt(Column.GetCaption());
         const bool Right = Column.ValueType == fw::EValueType::Float && Column.HeaderAlignment == fw::EAlignment::Left;
         Painter.setPen(FContext.Color("coHeaderText"));
-        Painter.drawText(Room, static_cast<int>(Right ? ToQtAlignment(fw::EAlignment::Right) : ToQtAlignment(Column.HeaderAlignment)),
-                         FView->Options.HeaderEndEllipsis ? fontMetrics().elidedText(Caption, Qt::ElideRight, Room.width()) : Caption);
+        Painter.drawText(
+            Room,
+            static_cast<int>(Right ? ToQtAlignment(fw::EAlignment::Right) : ToQtAlignment(Column.HeaderAlignment)),
+            FView->Options.HeaderEndEllipsis ? fontMetrics().elidedText(Caption, Qt::ElideRight, Room.width())
+                                             : Caption);
         Painter.setPen(FContext.Color("coGridLine"));
         Painter.drawLine(Cell.topRight(), Cell.bottomRight());
     }
@@ -139,7 +144,8 @@ void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, co
     QColor Ink = palette().color(QPalette::Text);
     const QColor Background = Row == FCurrent ? FContext.Color("coAlternateBase") : palette().color(QPalette::Base);
     if (Each.Tag == kColumnProfitLoss) {
-        const double Value = fw::DispatchValue<double>("GetValue", 0.0, [&] { return FView->GetDataController().GetValue(Row, Column).AsFloat(0.0); });
+        const double Value = fw::DispatchValue<double>(
+            "GetValue", 0.0, [&] { return FView->GetDataController().GetValue(Row, Column).AsFloat(0.0); });
         if (Value != 0.0 && std::isfinite(Value)) {
             Ink = FContext.Color(Value > 0 ? "coProfit" : "coLoss");
             const int Side = fontMetrics().ascent() * 2 / 3;
@@ -148,16 +154,19 @@ void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, co
         }
     }
     const auto* Properties = FView->GetCellProperties(Row, Column);
-    const auto Alignment = Properties ? Properties->Alignment
-                           : Each.ValueType == fw::EValueType::Float ? fw::EAlignment::Right : fw::EAlignment::Left;
+    const auto Alignment = Properties                                ? Properties->Alignment
+                           : Each.ValueType == fw::EValueType::Float ? fw::EAlignment::Right
+                                                                     : fw::EAlignment::Left;
     const QString Text = CellText(Row, Column);
     Painter.setPen(ReadableOn(Background, Ink));
-    Painter.drawText(Room, static_cast<int>(ToQtAlignment(Alignment)) | Qt::TextSingleLine,
-                     FView->Options.CellEndEllipsis ? fontMetrics().elidedText(Text, Qt::ElideRight, Room.width()) : Text);
+    Painter.drawText(
+        Room, static_cast<int>(ToQtAlignment(Alignment)) | Qt::TextSingleLine,
+        FView->Options.CellEndEllipsis ? fontMetrics().elidedText(Text, Qt::ElideRight, Room.width()) : Text);
 }
 
 void TWindowedGridRenderer::PaintRow(QPainter& Painter, int Row, int Y, const std::vector<int>& Widths) const {
-    if (Row == FCurrent) Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coAlternateBase"));
+    if (Row == FCurrent)
+        Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coAlternateBase"));
     int X = 0;
     for (size_t i = 0; i < Widths.size(); ++i) {
         if (Widths[i] == 0) continue;
@@ -182,7 +191,8 @@ void TWindowedGridRenderer::paintEvent(QPaintEvent*) {
     PaintHeader(Painter, Widths);
     const int Count = GetRowCount();
     if (Count == 0)
-        Painter.drawText(viewport()->rect().adjusted(0, HeaderHeight(), 0, 0), Qt::AlignCenter, ToQt(FView->Options.NoDataText));
+        Painter.drawText(viewport()->rect().adjusted(0, HeaderHeight(), 0, 0), Qt::AlignCenter,
+                         ToQt(FView->Options.NoDataText));
     int64_t Row = GetTopRow();
     for (int Y = HeaderHeight(); Y < viewport()->height() && Row < Count; Y += RowHeight(), ++Row)
         PaintRow(Painter, static_cast<int>(Row), Y, Widths);
@@ -203,8 +213,10 @@ bool TWindowedGridRenderer::viewportEvent(QEvent* Event) {
     if (Event->type() != QEvent::ToolTip || !FView) return QAbstractScrollArea::viewportEvent(Event);
     const auto* Help = static_cast<QHelpEvent*>(Event);
     const int Row = RowAt(Help->pos().y()), Column = ColumnAt(Help->pos().x());
-    if (FView->Options.CellHints && Row >= 0 && Column >= 0) QToolTip::showText(Help->globalPos(), CellText(Row, Column), viewport());
-    else QToolTip::hideText();
+    if (FView->Options.CellHints && Row >= 0 && Column >= 0)
+        QToolTip::showText(Help->globalPos(), CellText(Row, Column), viewport());
+    else
+        QToolTip::hideText();
     return true;
 }
 

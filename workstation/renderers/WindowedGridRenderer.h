@@ -11,16 +11,16 @@
 
 namespace ws {
 
-// A read-only table over a data control with any number of rows up to 2^31 - 1: only the visible rows are asked for, and
-// nothing is kept for the others. The scroll bar counts rows, not pixels.
+// A read-only table over a data control with any number of rows up to 2^31 - 1: only the visible rows are asked for,
+// and nothing is kept for the others. The scroll bar counts rows, not pixels.
 class TWindowedGridRenderer : public QAbstractScrollArea {
 public:
     TWindowedGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent);
 
     int GetRowCount() const;
     int GetTopRow() const;
-    int GetFullRows() const;      // rows that are wholly visible
-    int RowAt(int Y) const;       // row at a height of the viewport; -1 none
+    int GetFullRows() const;  // rows that are wholly visible
+    int RowAt(int Y) const;   // row at a height of the viewport; -1 none
     int GetCurrentRow() const { return FCurrent; }
     void ScrollTo(int Row);
 

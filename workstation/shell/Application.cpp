@@ -28,8 +28,10 @@ class TSkinStyle : public QProxyStyle {
 public:
     TSkinStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
-    void drawPrimitive(PrimitiveElement Element, const QStyleOption* Option, QPainter* Painter, const QWidget* Widget) const override {
-        if (Element != PE_FrameLineEdit && Element != PE_Frame) return QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
+    void drawPrimitive(PrimitiveElement Element, const QStyleOption* Option, QPainter* Painter,
+                       const QWidget* Widget) const override {
+        if (Element != PE_FrameLineEdit && Element != PE_Frame)
+            return QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
         const bool Focused = Element == PE_FrameLineEdit && (Option->state & State_HasFocus);
         Painter->save();
         Painter->setPen(Option->palette.color(Focused ? QPalette::Highlight : QPalette::Mid));
@@ -37,8 +39,10 @@ public:
         Painter->drawRect(Option->rect.adjusted(0, 0, -1, -1));
         Painter->restore();
     }
-    int styleHint(StyleHint Hint, const QStyleOption* Option, const QWidget* Widget, QStyleHintReturn* Data) const override {
-        if (Hint == SH_Table_GridLineColor && Option) return static_cast<int>(Option->palette.color(QPalette::Midlight).rgb());
+    int styleHint(StyleHint Hint, const QStyleOption* Option, const QWidget* Widget,
+                  QStyleHintReturn* Data) const override {
+        if (Hint == SH_Table_GridLineColor && Option)
+            return static_cast<int>(Option->palette.color(QPalette::Midlight).rgb());
         return QProxyStyle::styleHint(Hint, Option, Widget, Data);
     }
 };

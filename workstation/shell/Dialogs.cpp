@@ -10,7 +10,8 @@ namespace ws {
 TDialogs::~TDialogs() = default;
 
 void TDialogs::Tell(QWidget* Parent, const QString& Message) {
-    QMessageBox Box(QMessageBox::Information, FContext.Translate("Res_AppTitle"), Message, QMessageBox::NoButton, Parent);
+    QMessageBox Box(QMessageBox::Information, FContext.Translate("Res_AppTitle"), Message, QMessageBox::NoButton,
+                    Parent);
     Box.addButton(FContext.Translate("Res_ButtonOk"), QMessageBox::AcceptRole);
     Box.exec();
 }

@@ -15,7 +15,8 @@ constexpr size_t kBadLinesShown = 10;
 
 template <class TCount>
 int Part(TCount Done, TCount Total) {
-    return Total == 0 ? 0 : static_cast<int>(kProgressSteps / 2 * static_cast<double>(Done) / static_cast<double>(Total));
+    return Total == 0 ? 0
+                      : static_cast<int>(kProgressSteps / 2 * static_cast<double>(Done) / static_cast<double>(Total));
 }
 }  // namespace
 
@@ -27,7 +28,8 @@ QString TImportFlow::Sentence(const std::string& Key, const std::vector<std::str
 }
 
 TImportReport TImportFlow::Read(const QString& File, bool SkipBadLines) {
-    QProgressDialog Bar(FContext.Translate("Res_ImportReading", {FromQt(File)}), FContext.Translate("Res_ButtonCancel"), 0, kProgressSteps, FParent);
+    QProgressDialog Bar(FContext.Translate("Res_ImportReading", {FromQt(File)}), FContext.Translate("Res_ButtonCancel"),
+                        0, kProgressSteps, FParent);
     Bar.setWindowModality(Qt::ApplicationModal);
     Bar.setMinimumDuration(kProgressDelay);
     const auto Show = [&Bar](int Step) {
@@ -42,7 +44,8 @@ TImportReport TImportFlow::Read(const QString& File, bool SkipBadLines) {
 
 bool TImportFlow::AskOrder(const TMarketMessage& Reason) {
     const QString Question = FContext.Translate("Res_ImportAskOrder", {FromQt(Sentence(Reason.Key, Reason.Args))});
-    const int Answer = FDialogs.Choose(FParent, Question, {FContext.Translate("Res_ImportDayFirst"), FContext.Translate("Res_ImportMonthFirst")});
+    const int Answer = FDialogs.Choose(
+        FParent, Question, {FContext.Translate("Res_ImportDayFirst"), FContext.Translate("Res_ImportMonthFirst")});
     if (Answer < 0) return false;
     FOrder = Answer == 0 ? EDateOrder::DayFirst : EDateOrder::MonthFirst;
     return true;
@@ -52,10 +55,13 @@ bool TImportFlow::AskSkip(const QString& File, const TImportReport& Report) {
     std::string Lines;
     for (size_t i = 0; i < Report.BadLines.size() && i < kBadLinesShown; ++i) {
         const TBadLine& Bad = Report.BadLines[i];
-        Lines += FromQt(Sentence("Res_ImportBadLine", {std::to_string(Bad.Line), FromQt(Sentence(Bad.Reason.Key, Bad.Reason.Args))})) + "\n";
+        Lines += FromQt(Sentence("Res_ImportBadLine",
+                                 {std::to_string(Bad.Line), FromQt(Sentence(Bad.Reason.Key, Bad.Reason.Args))})) +
+                 "\n";
     }
     if (Report.BadLines.size() > kBadLinesShown) Lines += "\u2026\n";
-    return FDialogs.Ask(FParent, FContext.Translate("Res_ImportAskSkip", {std::to_string(Report.BadLines.size()), FromQt(File), Lines}));
+    return FDialogs.Ask(FParent, FContext.Translate("Res_ImportAskSkip",
+                                                    {std::to_string(Report.BadLines.size()), FromQt(File), Lines}));
 }
 
 bool TImportFlow::Run(const QString& File) {
@@ -70,13 +76,16 @@ bool TImportFlow::Run(const QString& File) {
             }
             std::string Series;
             for (const auto& Code : Report.Changes.NewSeries) Series += (Series.empty() ? "" : ", ") + Code;
-            const std::vector<fw::Text> Args{std::to_string(Report.Changes.Products.size()), std::to_string(Report.Changes.AddedProducts),
+            const std::vector<fw::Text> Args{std::to_string(Report.Changes.Products.size()),
+                                             std::to_string(Report.Changes.AddedProducts),
                                              Series.empty() ? "-" : Series};
             fw::TLog::Info("Res_ImportDone", Args);
             FDialogs.Tell(FParent, FContext.Translate("Res_ImportDone", Args));
             return true;
         } catch (const EMarketRefusal& Refusal) {
-            if (Refusal.Reason().Key == kImportAmbiguousDate && FOrder == EDateOrder::Unstated && AskOrder(Refusal.Reason())) continue;
+            if (Refusal.Reason().Key == kImportAmbiguousDate && FOrder == EDateOrder::Unstated &&
+                AskOrder(Refusal.Reason()))
+                continue;
             fw::TLog::Warning(Refusal.Reason().Key, Refusal.Reason().Args);
             if (Refusal.Reason().Key != kImportAmbiguousDate && Refusal.Reason().Key != kImportCancelled)
                 FDialogs.Tell(FParent, Sentence(Refusal.Reason().Key, Refusal.Reason().Args));

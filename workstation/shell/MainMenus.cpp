@@ -36,8 +36,8 @@ QAction* AddChoice(QMenu& Menu, QActionGroup& Group, const QString& Text, bool C
 
 }  // namespace
 
-// Built anew on every change of language, user or packages: the descriptors are asked again. Old actions die in the loop,
-// for one of them may be what was just chosen.
+// Built anew on every change of language, user or packages: the descriptors are asked again. Old actions die in the
+// loop, for one of them may be what was just chosen.
 void TMainWindow::BuildMenus() {
     for (QAction* Old : menuBar()->actions()) {
         menuBar()->removeAction(Old);
@@ -46,7 +46,8 @@ void TMainWindow::BuildMenus() {
     BuildFileMenu();
     for (const TMenuNode& Node : MenuOf(FCatalog)) {
         if (Node.View) {
-            connect(menuBar()->addAction(MenuText(Node.Caption)), &QAction::triggered, this, [this, View = Node.View] { FDocks->Open(*View); });
+            connect(menuBar()->addAction(MenuText(Node.Caption)), &QAction::triggered, this,
+                    [this, View = Node.View] { FDocks->Open(*View); });
         } else {
             AddNodes(*menuBar()->addMenu(MenuText(Node.Caption)), Node.Children);
         }
@@ -64,17 +65,20 @@ void TMainWindow::AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes) {
             AddNodes(*Menu.addMenu(MenuText(Node.Caption)), Node.Children);
             continue;
         }
-        connect(Menu.addAction(MenuText(Node.Caption)), &QAction::triggered, this, [this, View = Node.View] { FDocks->Open(*View); });
+        connect(Menu.addAction(MenuText(Node.Caption)), &QAction::triggered, this,
+                [this, View = Node.View] { FDocks->Open(*View); });
     }
 }
 
 void TMainWindow::BuildFileMenu() {
     QMenu& File = *menuBar()->addMenu(FContext.Translate("Res_MenuFile"));
     connect(File.addAction(FContext.Translate("Res_FileImport")), &QAction::triggered, this, [this] {
-        const QString Chosen = FDialogs->AskFile(this, FContext.Translate("Res_ImportTitle"), FContext.Translate("Res_ImportFilter"));
+        const QString Chosen =
+            FDialogs->AskFile(this, FContext.Translate("Res_ImportTitle"), FContext.Translate("Res_ImportFilter"));
         if (!Chosen.isEmpty()) ImportFile(Chosen);
     });
-    connect(File.addAction(FContext.Translate("Res_FileResetMarket")), &QAction::triggered, this, [this] { ResetSample(); });
+    connect(File.addAction(FContext.Translate("Res_FileResetMarket")), &QAction::triggered, this,
+            [this] { ResetSample(); });
     File.addSeparator();
     QMenu& Users = *File.addMenu(FContext.Translate("Res_MenuUser"));
     auto* Group = new QActionGroup(&Users);
@@ -95,14 +99,15 @@ void TMainWindow::BuildViewMenu() {
     auto* LanguageGroup = new QActionGroup(&Languages);
     for (size_t i = 0; i < kLanguages.size(); ++i) {
         const int Index = static_cast<int>(i);
-        connect(AddChoice(Languages, *LanguageGroup, FContext.Translate(kLanguages[i]), FWorkstation.Language().GetLanguage() == Index),
+        connect(AddChoice(Languages, *LanguageGroup, FContext.Translate(kLanguages[i]),
+                          FWorkstation.Language().GetLanguage() == Index),
                 &QAction::triggered, this, [this, Index] { SetLanguage(Index); });
     }
     QMenu& Skins = *View.addMenu(FContext.Translate("Res_MenuSkin"));
     auto* SkinGroup = new QActionGroup(&Skins);
     for (const TNamedSkin& Each : kSkins)
-        connect(AddChoice(Skins, *SkinGroup, FContext.Translate(Each.TextKey), FContext.GetSkin() == Each.Skin), &QAction::triggered, this,
-                [this, Skin = std::string(Each.Skin)] { SetSkin(Skin); });
+        connect(AddChoice(Skins, *SkinGroup, FContext.Translate(Each.TextKey), FContext.GetSkin() == Each.Skin),
+                &QAction::triggered, this, [this, Skin = std::string(Each.Skin)] { SetSkin(Skin); });
     View.addSeparator();
     QAction* Messages = View.addAction(FContext.Translate("Res_Messages"));
     Messages->setCheckable(true);

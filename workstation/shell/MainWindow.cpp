@@ -29,7 +29,9 @@ constexpr char kShowHintIcon[] = "show-hint";
 
 TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
     : FWorkstation(Workstation), FContext(Context), FDialogs(std::move(Dialogs)), FPopups(Context) {
-    const auto Sentence = [this](const fw::TLogEntry& Entry) { return FWorkstation.Language().Resource(Entry.Key, Entry.Args); };
+    const auto Sentence = [this](const fw::TLogEntry& Entry) {
+        return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
+    };
     FMessages = new TMessageList(Context, Sentence, this);
     FPanel = new TMessagesPanel(*FMessages, Context, this);
     FStatus = new TStatusLine(*FMessages, Context, this);
@@ -52,7 +54,9 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
         UpdateHint();
         if (FDocks->Docks().size() == 1) GiveRoomToViews();
     });
-    FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) { return FPopups.MakeContent(Popup, Parent); };
+    FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) {
+        return FPopups.MakeContent(Popup, Parent);
+    };
     FContext.OnEditRefused = [this](fw::TGridTableView&) {
         TViewDock* Dock = FDocks->Current();
         if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) FStatus->ShowRefusal(RefusedHint(*Frame));

@@ -29,7 +29,8 @@ public:
 
     // Takes up what packages have registered and builds the menus.
     void ReloadViews();
-    // The first start shows a calculated strategy in the first visible view, with its hint on; later ones an empty view.
+    // The first start shows a calculated strategy in the first visible view, with its hint on; later ones an empty
+    // view.
     void OpenStartView();
     // The same strategy, asked for; null when no view is visible.
     TViewDock* PlayFirstStart();

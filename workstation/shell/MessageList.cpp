@@ -19,7 +19,8 @@ struct TLevelLook {
     QStyle::StandardPixmap Icon;
 };
 // By ELogLevel.
-constexpr std::array kLevels{TLevelLook{"Res_LevelInfo", "coAccent", QStyle::SP_MessageBoxInformation}, TLevelLook{"Res_LevelWarning", "coWarning", QStyle::SP_MessageBoxWarning},
+constexpr std::array kLevels{TLevelLook{"Res_LevelInfo", "coAccent", QStyle::SP_MessageBoxInformation},
+                             TLevelLook{"Res_LevelWarning", "coWarning", QStyle::SP_MessageBoxWarning},
                              TLevelLook{"Res_LevelError", "coError", QStyle::SP_MessageBoxCritical}};
 constexpr std::array kHeaders{"Res_MessageTime", "Res_MessageLevel", "Res_MessageText"};
 
@@ -37,7 +38,9 @@ TMessageList::TMessageList(const TRenderContext& Context, TSentence Sentence, QO
     FLink = fw::TLog::Entries().Connect([this](const fw::TLogEntry& Entry) { Append(Entry); });
 }
 
-int TMessageList::rowCount(const QModelIndex& Parent) const { return Parent.isValid() ? 0 : static_cast<int>(FMessages.size()); }
+int TMessageList::rowCount(const QModelIndex& Parent) const {
+    return Parent.isValid() ? 0 : static_cast<int>(FMessages.size());
+}
 int TMessageList::columnCount(const QModelIndex& Parent) const { return Parent.isValid() ? 0 : kColumnCount; }
 
 QString TMessageList::LevelText(fw::ELogLevel Level) const { return FContext.Translate(LookOf(Level).TextKey); }
@@ -45,7 +48,8 @@ QString TMessageList::LevelText(fw::ELogLevel Level) const { return FContext.Tra
 QVariant TMessageList::data(const QModelIndex& Index, int Role) const {
     if (!Index.isValid() || Index.row() >= rowCount()) return {};
     const TMessage& Message = FMessages[static_cast<size_t>(Index.row())];
-    if (Role == Qt::ForegroundRole && Message.Entry.Level != fw::ELogLevel::Info) return FContext.Color(LookOf(Message.Entry.Level).ColorKey);
+    if (Role == Qt::ForegroundRole && Message.Entry.Level != fw::ELogLevel::Info)
+        return FContext.Color(LookOf(Message.Entry.Level).ColorKey);
     if (Role == Qt::DecorationRole && Index.column() == kLevel)
         return QApplication::style()->standardIcon(LookOf(Message.Entry.Level).Icon);
     if (Role == Qt::ToolTipRole && Index.column() == kText) return ToQt(FSentence(Message.Entry));

@@ -43,7 +43,8 @@ void TMessagesPanel::Retranslate() {
 
 void TMessagesPanel::UpdateTitle() {
     const int Unseen = FList.UnseenProblems();
-    setWindowTitle(Unseen > 0 ? FContext.Translate("Res_MessagesNew", {std::to_string(Unseen)}) : FContext.Translate("Res_Messages"));
+    setWindowTitle(Unseen > 0 ? FContext.Translate("Res_MessagesNew", {std::to_string(Unseen)})
+                              : FContext.Translate("Res_Messages"));
 }
 
 void TMessagesPanel::CopySelected() const {

@@ -22,7 +22,8 @@ bool Any(fw::TFrame& Frame, TTest Test) {
 }
 
 bool LacksChoice(fw::TFrame& Frame) {
-    return Any<fw::TComboBox>(Frame, [](fw::TComboBox& Combo) { return Combo.IsVisible() && Combo.IsEnabled() && Combo.GetItemIndex() < 0; });
+    return Any<fw::TComboBox>(
+        Frame, [](fw::TComboBox& Combo) { return Combo.IsVisible() && Combo.IsEnabled() && Combo.GetItemIndex() < 0; });
 }
 
 int SymbolColumn(const fw::TGridTableView& Grid) {
@@ -40,7 +41,8 @@ bool IsWithoutSymbols(fw::TGridTableView& Grid) {
 }
 
 bool IsWithoutLine(fw::TChart& Chart) {
-    return std::all_of(Chart.Series().begin(), Chart.Series().end(), [](const fw::TLineSeries* Line) { return Line->GetCount() == 0; });
+    return std::all_of(Chart.Series().begin(), Chart.Series().end(),
+                       [](const fw::TLineSeries* Line) { return Line->GetCount() == 0; });
 }
 
 }  // namespace

@@ -78,7 +78,8 @@ int LoadPackages(const fs::path& Folder) {
         if (Entry.path().extension() == ".so") Files.push_back(Entry.path());
     std::sort(Files.begin(), Files.end());
     if (Files.empty()) Refuse("Res_PackageMissing", {(Folder / "*.so").string()});
-    return static_cast<int>(std::count_if(Files.begin(), Files.end(), [](const fs::path& File) { return LoadPackage(File); }));
+    return static_cast<int>(
+        std::count_if(Files.begin(), Files.end(), [](const fs::path& File) { return LoadPackage(File); }));
 }
 
 fs::path PackageFolder() {

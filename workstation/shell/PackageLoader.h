@@ -8,7 +8,8 @@ namespace ws {
 // Loads packages: shared libraries built against this framework version. Whatever is wrong with one is said in the log,
 // with the file and the reason, and the program goes on without it. A package is initialised once and never unloaded.
 
-// Every *.so of the folder, in the order of their names; returns how many are there afterwards. None at all is said, too.
+// Every *.so of the folder, in the order of their names; returns how many are there afterwards. None at all is said,
+// too.
 int LoadPackages(const std::filesystem::path& Folder);
 
 bool LoadPackage(const std::filesystem::path& File);

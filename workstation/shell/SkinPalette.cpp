@@ -14,25 +14,17 @@ struct TRole {
     QPalette::ColorRole Role;
     const char* Key;
 };
-constexpr std::array kRoles{TRole{QPalette::Window, "coWindow"},
-                            TRole{QPalette::WindowText, "coWindowText"},
-                            TRole{QPalette::Base, "coBase"},
-                            TRole{QPalette::AlternateBase, "coAlternateBase"},
-                            TRole{QPalette::Text, "coText"},
-                            TRole{QPalette::PlaceholderText, "coPlaceholderText"},
-                            TRole{QPalette::Button, "coButton"},
-                            TRole{QPalette::ButtonText, "coButtonText"},
-                            TRole{QPalette::Highlight, "coHighlight"},
-                            TRole{QPalette::HighlightedText, "coHighlightedText"},
-                            TRole{QPalette::Link, "coLink"},
-                            TRole{QPalette::LinkVisited, "coLink"},
-                            TRole{QPalette::ToolTipBase, "coToolTip"},
-                            TRole{QPalette::ToolTipText, "coToolTipText"},
-                            TRole{QPalette::BrightText, "coError"},
-                            TRole{QPalette::Mid, "coBorder"},
-                            TRole{QPalette::Midlight, "coGridLine"},
-                            TRole{QPalette::Dark, "coBorder"},
-                            TRole{QPalette::Light, "coHeader"}};
+constexpr std::array kRoles{
+    TRole{QPalette::Window, "coWindow"},       TRole{QPalette::WindowText, "coWindowText"},
+    TRole{QPalette::Base, "coBase"},           TRole{QPalette::AlternateBase, "coAlternateBase"},
+    TRole{QPalette::Text, "coText"},           TRole{QPalette::PlaceholderText, "coPlaceholderText"},
+    TRole{QPalette::Button, "coButton"},       TRole{QPalette::ButtonText, "coButtonText"},
+    TRole{QPalette::Highlight, "coHighlight"}, TRole{QPalette::HighlightedText, "coHighlightedText"},
+    TRole{QPalette::Link, "coLink"},           TRole{QPalette::LinkVisited, "coLink"},
+    TRole{QPalette::ToolTipBase, "coToolTip"}, TRole{QPalette::ToolTipText, "coToolTipText"},
+    TRole{QPalette::BrightText, "coError"},    TRole{QPalette::Mid, "coBorder"},
+    TRole{QPalette::Midlight, "coGridLine"},   TRole{QPalette::Dark, "coBorder"},
+    TRole{QPalette::Light, "coHeader"}};
 constexpr std::array kDimmed{QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
 
 }  // namespace

@@ -76,7 +76,8 @@ void TellStartFailure(const std::string& Key, const std::vector<std::string>& Ar
 
 TLogPrinter::TLogPrinter(TWorkstation& Workstation) {
     FLink = fw::TLog::Entries().Connect([&Workstation](const fw::TLogEntry& Entry) {
-        if (Entry.Level != fw::ELogLevel::Info) std::cerr << Workstation.Language().Resource(Entry.Key, Entry.Args) << '\n';
+        if (Entry.Level != fw::ELogLevel::Info)
+            std::cerr << Workstation.Language().Resource(Entry.Key, Entry.Args) << '\n';
     });
 }
 

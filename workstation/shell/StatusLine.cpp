@@ -12,7 +12,11 @@ constexpr int kProblemLetters = 110;
 }  // namespace
 
 TStatusLine::TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidget* Parent)
-    : QStatusBar(Parent), FMessages(Messages), FContext(Context), FHint(new QLabel(this)), FProblem(new QToolButton(this)) {
+    : QStatusBar(Parent),
+      FMessages(Messages),
+      FContext(Context),
+      FHint(new QLabel(this)),
+      FProblem(new QToolButton(this)) {
     FHint->setTextFormat(Qt::PlainText);
     FHint->setContentsMargins(Context.Scaled(6), 0, Context.Scaled(6), 0);
     FProblem->setAutoRaise(true);

@@ -30,8 +30,12 @@ std::vector<TListedSymbol> EveryListedSymbol() {
             for (int p = 0; p < Market.GetProductCount(Exchange, Series); ++p) {
                 const fw::TCustomProduct* Product = Market.GetProduct(Exchange, Series, p);
                 if (!Product) continue;
-                const QStringList Words{ToQt(Product->GetSymbol()), ToQt(Product->GetExpiryDate()), ToQt(Product->GetStrikePrice()),
-                                        ToQt(Product->GetCallPutCode()), ToQt(Exchange), ToQt(Series)};
+                const QStringList Words{ToQt(Product->GetSymbol()),
+                                        ToQt(Product->GetExpiryDate()),
+                                        ToQt(Product->GetStrikePrice()),
+                                        ToQt(Product->GetCallPutCode()),
+                                        ToQt(Exchange),
+                                        ToQt(Series)};
                 Result.push_back({Product->GetSymbol(), Words.join(QStringLiteral("  "))});
             }
         }
@@ -43,7 +47,9 @@ std::vector<TListedSymbol> EveryListedSymbol() {
 class TSymbolList : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
-    int rowCount(const QModelIndex& Parent = {}) const override { return Parent.isValid() ? 0 : static_cast<int>(FShown.size()); }
+    int rowCount(const QModelIndex& Parent = {}) const override {
+        return Parent.isValid() ? 0 : static_cast<int>(FShown.size());
+    }
     QVariant data(const QModelIndex& Index, int Role) const override {
         return Role == Qt::DisplayRole ? QVariant(FAll[FShown[static_cast<size_t>(Index.row())]].Shown) : QVariant();
     }
@@ -53,7 +59,9 @@ public:
         beginResetModel();
         FShown.clear();
         for (size_t i = 0; i < FAll.size(); ++i)
-            if (std::all_of(Words.begin(), Words.end(), [&](const QString& W) { return FAll[i].Shown.contains(W, Qt::CaseInsensitive); })) FShown.push_back(i);
+            if (std::all_of(Words.begin(), Words.end(),
+                            [&](const QString& W) { return FAll[i].Shown.contains(W, Qt::CaseInsensitive); }))
+                FShown.push_back(i);
         endResetModel();
     }
 
@@ -74,7 +82,11 @@ private:
 class TSymbolChooser : public QWidget {
 public:
     TSymbolChooser(const TRenderContext& Context, QWidget* Parent, std::function<void(const fw::Text&)> OnChosen)
-        : QWidget(Parent), FSearch(new QLineEdit(this)), FView(new QListView(this)), FList(new TSymbolList(this)), FOnChosen(std::move(OnChosen)) {
+        : QWidget(Parent),
+          FSearch(new QLineEdit(this)),
+          FView(new QListView(this)),
+          FList(new TSymbolList(this)),
+          FOnChosen(std::move(OnChosen)) {
         auto* Box = new QVBoxLayout(this);
         Box->setContentsMargins(4, 4, 4, 4);
         Box->addWidget(FSearch);
@@ -125,7 +137,9 @@ TSymbolPopups::TSymbolPopups(TRenderContext& Context) : FContext(Context) {
         fw::kChannelSymbolPopup, [this](fw::TObject*, fw::TObject* Record) { Serve(Record); }, this);
 }
 
-TSymbolPopups::~TSymbolPopups() { fw::TCustomGlobalChannelManager::GetInstance().Unsubscribe(fw::kChannelSymbolPopup, this); }
+TSymbolPopups::~TSymbolPopups() {
+    fw::TCustomGlobalChannelManager::GetInstance().Unsubscribe(fw::kChannelSymbolPopup, this);
+}
 
 void TSymbolPopups::Serve(fw::TObject* Record) {
     auto* Request = dynamic_cast<fw::TPopupRequestRecord*>(Record);

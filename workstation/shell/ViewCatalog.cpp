@@ -13,10 +13,17 @@ namespace {
 void Insert(std::vector<TMenuNode>& Nodes, fw::TIBaseView& View, int Level, int Levels) {
     const int Id = View.GetMenuID(Level);
     const bool IsEntry = Level + 1 >= Levels;
-    auto At = std::find_if(Nodes.begin(), Nodes.end(), [&](const TMenuNode& N) { return N.Id == Id && !N.View && !IsEntry; });
+    auto At =
+        std::find_if(Nodes.begin(), Nodes.end(), [&](const TMenuNode& N) { return N.Id == Id && !N.View && !IsEntry; });
     if (At == Nodes.end()) {
-        TMenuNode Node{Id, View.GetMenuIndex(Level), View.GetMenuGroupIndex(Level), View.GetMenuCaption(Level), IsEntry ? &View : nullptr, {}};
-        const auto After = std::find_if(Nodes.begin(), Nodes.end(), [&](const TMenuNode& N) { return N.Index > Node.Index; });
+        TMenuNode Node{Id,
+                       View.GetMenuIndex(Level),
+                       View.GetMenuGroupIndex(Level),
+                       View.GetMenuCaption(Level),
+                       IsEntry ? &View : nullptr,
+                       {}};
+        const auto After =
+            std::find_if(Nodes.begin(), Nodes.end(), [&](const TMenuNode& N) { return N.Index > Node.Index; });
         At = Nodes.insert(After, std::move(Node));
     }
     if (!IsEntry) Insert(At->Children, View, Level + 1, Levels);

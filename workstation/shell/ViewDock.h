@@ -22,7 +22,8 @@ public:
 
     void SetCaption(const QString& Caption);
     // Icons by name and hints as the view gives them; a click goes to OnButton.
-    void SetButtons(const fw::TCaptionButtonList& Buttons, const fw::TImageList* Images, const std::function<void(int Index)>& OnButton);
+    void SetButtons(const fw::TCaptionButtonList& Buttons, const fw::TImageList* Images,
+                    const std::function<void(int Index)>& OnButton);
     void Retranslate();
     const std::vector<QToolButton*>& Buttons() const { return FButtons; }  // the view's, in its order
     QToolButton& FloatButton() { return *FFloat; }
@@ -44,7 +45,8 @@ private:
 class TViewDock : public QDockWidget {
 public:
     // OnClose: the user wants it closed; the owner does so when control is back in the loop.
-    TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Context, QWidget* Parent, std::function<void(TViewDock& Dock)> OnClose);
+    TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Context, QWidget* Parent,
+              std::function<void(TViewDock& Dock)> OnClose);
     ~TViewDock() override;
 
     fw::TIBaseView& View() const { return FView; }

@@ -19,8 +19,8 @@ public:
     TViewDocks(QMainWindow& Window, TViewCatalog& Catalog, TRenderContext& Context, TDialogs& Dialogs);
     ~TViewDocks();
 
-    // A new instance in a dock of its own, beside the others as a tab. What the construction throws is shown to the user,
-    // and nothing is left behind; null then.
+    // A new instance in a dock of its own, beside the others as a tab. What the construction throws is shown to the
+    // user, and nothing is left behind; null then.
     TViewDock* Open(fw::TIBaseView& View);
     void CloseLater(TViewDock& Dock);  // when control is back in the loop
     void CloseAll();                   // at once; for the end of the program
@@ -32,8 +32,8 @@ public:
 
     void SetLanguage(int Language);
 
-    fw::TSignal<> OnChanged;                // opened or closed
-    fw::TSignal<fw::TFrame&> OnFrameGoes;   // before an instance is destroyed
+    fw::TSignal<> OnChanged;               // opened or closed
+    fw::TSignal<fw::TFrame&> OnFrameGoes;  // before an instance is destroyed
 
 private:
     void Close(TViewDock& Dock);

@@ -62,7 +62,8 @@ int RunPicture(TWorkstation& Workstation, TRenderContext& Context, const TComman
     Window.resize(kPictureSize);
     Window.show();
     Window.PlayFirstStart();
-    for (int Waited = 0; Window.IsPlaying() && Waited < kPictureMilliseconds; Waited += kTimerPeriodMs) Wait(kTimerPeriodMs);
+    for (int Waited = 0; Window.IsPlaying() && Waited < kPictureMilliseconds; Waited += kTimerPeriodMs)
+        Wait(kTimerPeriodMs);
     Wait(2 * kTimerPeriodMs);
     if (GrabPng(Window, Line.Out)) {
         std::cout << Line.Out.string() << '\n';
@@ -83,7 +84,9 @@ int RunHeadless(TWorkstation& Workstation, TRenderContext& Context, const TComma
         if (!View->GetIsVisible()) continue;
         THeadlessHost Host;
         Host.Wait = Wait;
-        Host.DrawView = [&Context](fw::TFrame& Frame, const std::filesystem::path& File) { return DrawFramePng(Frame, Context, kHeadlessSize, File); };
+        Host.DrawView = [&Context](fw::TFrame& Frame, const std::filesystem::path& File) {
+            return DrawFramePng(Frame, Context, kHeadlessSize, File);
+        };
         return RunHeadlessJob(Workstation, *View, Line, Host, std::cout, std::cerr);
     }
     std::cerr << Workstation.Language().Resource("Res_NoView", {}) << '\n';
