@@ -15,7 +15,8 @@ T* As(TcxEditProperties* Properties) {
 
 }  // namespace
 
-TCellEditor::TCellEditor(TGridTableView& View, TGridColumn& Column, int Record, TcxEditProperties* Properties, Variant Value)
+TCellEditor::TCellEditor(TGridTableView& View, TGridColumn& Column, int Record, TcxEditProperties* Properties,
+                         Variant Value)
     : FView(View), FColumn(Column), FRecord(Record), FProperties(Properties), FValue(std::move(Value)) {
     if (IsNumeric()) FValue = ToNumber(FValue).value_or(FValue);
     if (const auto* Combo = As<TcxComboBoxProperties>(FProperties)) FItems = Combo->Items;
@@ -24,13 +25,9 @@ TCellEditor::TCellEditor(TGridTableView& View, TGridColumn& Column, int Record, 
 
 TCellEditor::~TCellEditor() = default;
 
-EEditorKind TCellEditor::GetKind() const {
-    return FProperties ? FProperties->GetKind() : EEditorKind::Plain;
-}
+EEditorKind TCellEditor::GetKind() const { return FProperties ? FProperties->GetKind() : EEditorKind::Plain; }
 
-bool TCellEditor::IsNumeric() const {
-    return IsSpin() || FColumn.ValueType == EValueType::Float;
-}
+bool TCellEditor::IsNumeric() const { return IsSpin() || FColumn.ValueType == EValueType::Float; }
 
 void TCellEditor::SetValue(const Variant& Value) {
     const auto Replacement = IsNumeric() ? ToNumber(Value) : std::optional<Variant>(Value);
@@ -163,8 +160,6 @@ void TCellEditor::HidePopup() {
     if (IsPopupShown()) As<TcxPopupEditProperties>(FProperties)->PopupControl->Hide();
 }
 
-Text TCellEditor::EventName(std::string_view What) const {
-    return FView.ColumnEvent(FColumn, What);
-}
+Text TCellEditor::EventName(std::string_view What) const { return FView.ColumnEvent(FColumn, What); }
 
 }  // namespace fw

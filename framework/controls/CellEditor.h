@@ -11,8 +11,8 @@ namespace fw {
 inline constexpr int kKeyUp = 38;
 inline constexpr int kKeyDown = 40;
 
-// The editor that is open in a cell; the view owns it from StartEdit to PostEditor or CancelEdit. A handler that closes it
-// may still use it until it returns; input to a closed editor does nothing.
+// The editor that is open in a cell; the view owns it from StartEdit to PostEditor or CancelEdit. A handler that closes
+// it may still use it until it returns; input to a closed editor does nothing.
 class FRAMEWORK_API TCellEditor : public TObject, public std::enable_shared_from_this<TCellEditor> {
 public:
     TCellEditor(TGridTableView& View, TGridColumn& Column, int Record, TcxEditProperties* Properties, Variant Value);
@@ -22,19 +22,19 @@ public:
     TGridColumn& GetColumn() const { return FColumn; }
     int GetRecord() const { return FRecord; }
     TcxEditProperties* GetProperties() const { return FProperties; }  // null: plain text
-    EEditorKind GetKind() const;       // no properties: Plain
+    EEditorKind GetKind() const;                                      // no properties: Plain
     bool IsOpen() const { return !FClosed; }
     bool IsSpin() const { return GetKind() == EEditorKind::Spin; }
     bool IsCombo() const { return GetKind() == EEditorKind::Combo; }
 
     const Variant& GetValue() const { return FValue; }
-    // A program replaces the value and what is typed; fires the properties' OnChange when it differs. In numeric editors
-    // what is no finite number changes nothing. Bounds hold for users, not for programs.
+    // A program replaces the value and what is typed; fires the properties' OnChange when it differs. In numeric
+    // editors what is no finite number changes nothing. Bounds hold for users, not for programs.
     void SetValue(const Variant& Value);
     // What the editor shows while it is open: the typed text, else the value's plain text ("" for null).
     Text GetText() const;
     bool IsModified() const { return FModified; }
-    bool IsRefused() const { return FRefused; }  // the typed text is no value of this editor
+    bool IsRefused() const { return FRefused; }   // the typed text is no value of this editor
     void SetCaretToEnd() { FCaretAtEnd = true; }  // until the user types again
     bool IsCaretAtEnd() const { return FCaretAtEnd; }
 
@@ -42,26 +42,26 @@ public:
     const std::vector<Text>& GetItems() const { return FItems; }
     void SetItems(std::vector<Text> Items);
     int GetItemIndex() const { return FItemIndex; }
-    void SelectItem(int Index);        // value becomes the item's text; out of range: nothing
-    // Combos fire the properties' OnPopup. Popup editors fire OnInitPopup, then show the popup control where there is one;
-    // it is hidden when the editor closes.
+    void SelectItem(int Index);  // value becomes the item's text; out of range: nothing
+    // Combos fire the properties' OnPopup. Popup editors fire OnInitPopup, then show the popup control where there is
+    // one; it is hidden when the editor closes.
     void OpenList();
 
     // User input. Spin editors and plain editors of float columns: a text that is a finite number within the bounds
-    // becomes the value at once, an empty one null; anything else only marks the text as refused. Fixed lists take typed
-    // text only when it is an item (exact, then ignoring case).
+    // becomes the value at once, an empty one null; anything else only marks the text as refused. Fixed lists take
+    // typed text only when it is an item (exact, then ignoring case).
     void SetEditText(Text Value);
     // Tells the view (OnEditKeyDown, which may change the key; 0: none), then, in a spin editor, Up and Down spin.
     void KeyDown(int Key, int Shift = 0);
     // Buttons and wheel, spin editors only: increments within the bounds, from the last good value; null counts as 0.
     void Spin(int Steps);
 
-    TSignal<> OnChanged;               // value, text or items
+    TSignal<> OnChanged;  // value, text or items
 
 private:
     friend class TGridTableView;
     friend class TGridDataController;
-    bool IsNumeric() const;            // the value is a float or null
+    bool IsNumeric() const;  // the value is a float or null
     std::optional<Variant> ReadTyped(const Text& Typed) const;
     int IndexOfItem(std::string_view Item, bool IgnoreCase = false) const;
     void ChangeValue(const Variant& Value);
@@ -72,7 +72,7 @@ private:
     TGridTableView& FView;
     TGridColumn& FColumn;
     int FRecord;
-    TcxEditProperties* FProperties;    // borrowed
+    TcxEditProperties* FProperties;  // borrowed
     Variant FValue;
     Text FEditText;
     bool FTyping = false, FModified = false, FRefused = false, FCaretAtEnd = false, FClosed = false;

@@ -39,7 +39,7 @@ public:
     bool ShowInLegend = true;
     bool PointerVisible = false;
     EPointerStyle PointerStyle = EPointerStyle::Rectangle;
-    int PointerSize = 4;        // pixels at scale 100
+    int PointerSize = 4;  // pixels at scale 100
 
 private:
     friend class TChart;
@@ -47,7 +47,7 @@ private:
     std::vector<std::pair<double, double>> FPoints;
     bool FActive = true;
     std::optional<TColor> FColor;
-    TChart* FChart = nullptr;   // borrowed; set by AddSeries
+    TChart* FChart = nullptr;  // borrowed; set by AddSeries
 };
 
 class FRAMEWORK_API TChartAxis : public TObject {
@@ -91,7 +91,7 @@ public:
     TChartLegend Legend;
     bool OuterBevel = true, View3D = true, BackWalls = true, Hints = false;
 
-    void AddSeries(TLineSeries& Added);       // borrowed; the series leaves by itself when it dies
+    void AddSeries(TLineSeries& Added);  // borrowed; the series leaves by itself when it dies
     void RemoveSeries(TLineSeries& Removed);
     const std::vector<TLineSeries*>& Series() const { return FSeries; }
 
@@ -105,14 +105,14 @@ public:
     void MouseMove(int X, int Y, int Shift = 0);
     void MouseLeave();
     bool HasCursor() const { return FHasCursor; }
-    double CursorAxisX() const;               // value of the bottom axis under the mouse; its minimum without one
+    double CursorAxisX() const;  // value of the bottom axis under the mouse; its minimum without one
     // Pixel of a value on the bottom axis, brought into the plot area.
     int PixelOfX(double Value) const;
 
     std::function<void(TObject* Sender, int Shift, int X, int Y)> OnMouseMove;
     TNotifyEvent OnMouseLeave;
 
-    TSignal<> OnDataChanged;                  // points, colours, axes, title
+    TSignal<> OnDataChanged;  // points, colours, axes, title
 
 private:
     friend class TLineSeries;

@@ -13,9 +13,9 @@ public:
     ~TComboBox() override;
 
     int GetCount() const { return static_cast<int>(FItems.size()); }
-    const Text& GetItem(int Index) const;            // "" out of range
+    const Text& GetItem(int Index) const;  // "" out of range
     void AddItem(Text Item);
-    void SetItem(int Index, Text Item);              // rewrites the text and keeps the index; out of range: nothing
+    void SetItem(int Index, Text Item);  // rewrites the text and keeps the index; out of range: nothing
     // Sets the index to -1, firing a change when an item was selected.
     void ClearItems();
 

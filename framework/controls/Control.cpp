@@ -25,13 +25,9 @@ void TControl::SetFocus() {
     if (FScope && FEnabled) FScope->Focus(*this);
 }
 
-bool TControl::HasFocus() const {
-    return FScope && FScope->GetFocused() == this;
-}
+bool TControl::HasFocus() const { return FScope && FScope->GetFocused() == this; }
 
-TPoint TControl::ClientToScreen(TPoint P) const {
-    return FScreenMapper ? FScreenMapper(P) : P;
-}
+TPoint TControl::ClientToScreen(TPoint P) const { return FScreenMapper ? FScreenMapper(P) : P; }
 
 void TControl::FireNotify(const TNotifyEvent& Event, std::string_view What) {
     if (!Event) return;
@@ -39,9 +35,7 @@ void TControl::FireNotify(const TNotifyEvent& Event, std::string_view What) {
     Dispatch(EventName(What), [&] { Running(this); });
 }
 
-Text TControl::EventName(std::string_view What) const {
-    return (FName.empty() ? Text() : FName + ".").append(What);
-}
+Text TControl::EventName(std::string_view What) const { return (FName.empty() ? Text() : FName + ".").append(What); }
 
 void TControl::EnsureFocus() {
     if (!HasFocus()) SetFocus();
@@ -73,7 +67,8 @@ void TFocusScope::Detach(TControl& Control) {
 }
 
 TControl* TFocusScope::Find(std::string_view Name) const {
-    const auto Found = std::find_if(FControls.begin(), FControls.end(), [&](const TControl* C) { return C->FName == Name; });
+    const auto Found =
+        std::find_if(FControls.begin(), FControls.end(), [&](const TControl* C) { return C->FName == Name; });
     return Found == FControls.end() ? nullptr : *Found;
 }
 

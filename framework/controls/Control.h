@@ -11,7 +11,9 @@
 
 namespace fw {
 
-struct TPoint { int X = 0, Y = 0; };
+struct TPoint {
+    int X = 0, Y = 0;
+};
 
 class TFocusScope;
 
@@ -44,8 +46,8 @@ public:
     // Expires when the control dies: a renderer that may outlive its model tests it before every use.
     std::weak_ptr<const void> GetLifetime() const { return FLifetime; }
 
-    TSignal<> OnModelChanged;   // anything a renderer shows, unless a narrower signal tells it
-    TSignal<> OnFocusRequested; // a program gave this control the focus
+    TSignal<> OnModelChanged;    // anything a renderer shows, unless a narrower signal tells it
+    TSignal<> OnFocusRequested;  // a program gave this control the focus
 
 protected:
     // The focus goes to another control. Called once, after PostEditor.
@@ -82,7 +84,7 @@ public:
     void Attach(const Text& Name, TControl& Control);
     void Detach(TControl& Control);
 
-    TControl* Find(std::string_view Name) const;  // null when unknown
+    TControl* Find(std::string_view Name) const;                          // null when unknown
     const std::vector<TControl*>& Controls() const { return FControls; }  // in order of attachment
     TControl* GetFocused() const { return FFocused; }
     // Posts the editors of every control.

@@ -23,8 +23,8 @@ public:
 
     EAlignment Alignment = EAlignment::Left;
     bool AlwaysShowButton = false;
-    Text NullText;              // shown for a null value
-    TNotifyEvent OnChange;      // Sender is the open TCellEditor; fires on every change of its value
+    Text NullText;          // shown for a null value
+    TNotifyEvent OnChange;  // Sender is the open TCellEditor; fires on every change of its value
 
 private:
     EEditorKind FKind;
@@ -40,11 +40,11 @@ class FRAMEWORK_API TcxSpinEditProperties : public TcxEditProperties {
 public:
     TcxSpinEditProperties();
     ~TcxSpinEditProperties() override;
-    double Increment = 1.0;     // 0 spins by 1
+    double Increment = 1.0;  // 0 spins by 1
     std::optional<double> MinValue, MaxValue;
     bool ButtonsLeftAndRight = false;
     bool LeftAlignWhileEditing = true;
-    bool FloatValues = false;   // false: only whole numbers are taken
+    bool FloatValues = false;  // false: only whole numbers are taken
 };
 
 class FRAMEWORK_API TcxComboBoxProperties : public TcxEditProperties {
@@ -52,8 +52,8 @@ public:
     TcxComboBoxProperties();
     ~TcxComboBoxProperties() override;
     std::vector<Text> Items;
-    bool FixedList = false;     // no free text
-    TNotifyEvent OnPopup;       // before the list opens; Sender is the open TCellEditor
+    bool FixedList = false;  // no free text
+    TNotifyEvent OnPopup;    // before the list opens; Sender is the open TCellEditor
 };
 
 class FRAMEWORK_API TcxPopupEditProperties : public TcxEditProperties {

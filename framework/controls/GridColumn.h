@@ -19,23 +19,23 @@ public:
     ~TGridColumn() override;
 
     TGridTableView& GetView() const { return FView; }
-    int GetIndex() const;       // position among the view's columns
+    int GetIndex() const;  // position among the view's columns
 
     const Text& GetCaption() const { return FCaption; }
     void SetCaption(Text Value);
-    int GetWidth() const { return FWidth; }   // pixels at scale 100
+    int GetWidth() const { return FWidth; }  // pixels at scale 100
     void SetWidth(int Value);
     bool IsVisible() const { return FVisible; }
     void SetVisible(bool Value);
 
-    int Tag = 0;                // the host-wide column number
+    int Tag = 0;  // the host-wide column number
     int MinWidth = 0;
     EAlignment HeaderAlignment = EAlignment::Left;
     EValueType ValueType = EValueType::String;
     bool Editing = false, Sorting = false, Filtering = false, Focusing = true;
 
-    // Owned; null: plain text editor. SetProperties<TcxSpinEditProperties>() creates and returns them; an editor that is
-    // open in the column is cancelled.
+    // Owned; null: plain text editor. SetProperties<TcxSpinEditProperties>() creates and returns them; an editor that
+    // is open in the column is cancelled.
     TcxEditProperties* GetProperties() const { return FProperties.get(); }
     template <class T>
     T& SetProperties() {

@@ -23,7 +23,8 @@ Variant TGridDataController::GetValue(int Record, int Column) const {
     if (!FView.HasCell(Record, Column)) return {};
     if (TCustomDataControl* Control = FView.GetDataControl()) {
         const int Attribute = FView.GetColumn(Column)->Tag;
-        return DispatchValue(FView.EventName("GetValue"), Variant(), [&] { return Control->GetValue(Record, Attribute); });
+        return DispatchValue(FView.EventName("GetValue"), Variant(),
+                             [&] { return Control->GetValue(Record, Attribute); });
     }
     const auto& Row = FCells[static_cast<size_t>(Record)];
     return static_cast<size_t>(Column) < Row.size() ? Row[static_cast<size_t>(Column)] : Variant();

@@ -17,12 +17,13 @@ public:
     explicit TGridDataController(TGridTableView& View) : FView(View) {}
     ~TGridDataController() override;
 
-    int GetRecordCount() const;                 // of the data source where the view has one
-    // Growing adds records of null cells, shrinking drops the tail (an editor open there is cancelled, the focus moves up
-    // to the last record left). Negative, or with a data source: nothing.
+    int GetRecordCount() const;  // of the data source where the view has one
+    // Growing adds records of null cells, shrinking drops the tail (an editor open there is cancelled, the focus moves
+    // up to the last record left). Negative, or with a data source: nothing.
     void SetRecordCount(int Count);
     Variant GetValue(int Record, int Column) const;
-    // An editor open in the cell takes the value over, unless the user has typed something into it and no popup is shown.
+    // An editor open in the cell takes the value over, unless the user has typed something into it and no popup is
+    // shown.
     void SetValue(int Record, int Column, const Variant& Value);
     // Cancels an editor open in the record; focus and an editor in a later record move with their record. The focus of
     // the deleted record goes to the one that takes its place, else to the last.
@@ -31,7 +32,7 @@ public:
 private:
     friend class TGridTableView;
     TGridTableView& FView;
-    std::vector<std::vector<Variant>> FCells;   // rows; a row is as long as its last written column
+    std::vector<std::vector<Variant>> FCells;  // rows; a row is as long as its last written column
 };
 
 }  // namespace fw

@@ -86,7 +86,8 @@ TGridTableView::EValidation TGridTableView::Validate(TCellEditor& Editor, Varian
     const auto Running = Popup->OnValidate;
     Text ErrorText;
     bool Error = false;
-    if (!Dispatch(Editor.EventName("OnValidate"), [&] { Running(&Editor, Value, ErrorText, Error); })) return EValidation::Threw;
+    if (!Dispatch(Editor.EventName("OnValidate"), [&] { Running(&Editor, Value, ErrorText, Error); }))
+        return EValidation::Threw;
     if (!Error) return EValidation::Accepted;
     FErrorText = std::move(ErrorText);
     return EValidation::Refused;

@@ -66,16 +66,15 @@ void TGridTableView::SetCustomDataSource(TCustomGridDataSource* Source) {
     RecordsChanged();
 }
 
-TCustomDataControl* TGridTableView::GetDataControl() const {
-    return FSource ? FSource->GetDataControl() : nullptr;
-}
+TCustomDataControl* TGridTableView::GetDataControl() const { return FSource ? FSource->GetDataControl() : nullptr; }
 
 Text TGridTableView::GetCellText(int Record, int Column) {
     if (!HasCell(Record, Column)) return {};
     TGridColumn& Shown = *GetColumn(Column);
     Text Result;
     if (TCustomDataControl* Control = GetDataControl()) {
-        Result = DispatchValue(EventName("GetDisplayValue"), Text(), [&] { return Control->GetDisplayValue(Record, Shown.Tag); });
+        Result = DispatchValue(EventName("GetDisplayValue"), Text(),
+                               [&] { return Control->GetDisplayValue(Record, Shown.Tag); });
     } else if (const Variant Value = FData.GetValue(Record, Column); Value.IsNull()) {
         const TcxEditProperties* Properties = GetCellProperties(Record, Column);
         if (Properties) Result = Properties->NullText;
@@ -84,7 +83,8 @@ Text TGridTableView::GetCellText(int Record, int Column) {
     }
     if (!Shown.OnGetDisplayText) return Result;
     Text Replaced = Result;
-    const bool Done = Dispatch(ColumnEvent(Shown, "OnGetDisplayText"), [&] { Shown.OnGetDisplayText(Shown, Record, Replaced); });
+    const bool Done =
+        Dispatch(ColumnEvent(Shown, "OnGetDisplayText"), [&] { Shown.OnGetDisplayText(Shown, Record, Replaced); });
     return Done ? Replaced : Result;
 }
 
@@ -100,7 +100,8 @@ TcxEditProperties* TGridTableView::GetCellProperties(int Record, int Column) {
     TcxEditProperties* const Own = Asked.GetProperties();
     if (!Asked.OnGetProperties) return Own;
     TcxEditProperties* Chosen = Own;
-    const bool Done = Dispatch(ColumnEvent(Asked, "OnGetProperties"), [&] { Asked.OnGetProperties(Asked, Record, Chosen); });
+    const bool Done =
+        Dispatch(ColumnEvent(Asked, "OnGetProperties"), [&] { Asked.OnGetProperties(Asked, Record, Chosen); });
     return Done ? Chosen : Own;
 }
 

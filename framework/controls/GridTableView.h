@@ -32,30 +32,30 @@ public:
 
     TGridOptions Options;
 
-    // Columns. Between BeginUpdate and the outermost EndUpdate renderers are told nothing of columns, records and cells;
-    // at its end they are told once.
+    // Columns. Between BeginUpdate and the outermost EndUpdate renderers are told nothing of columns, records and
+    // cells; at its end they are told once.
     void BeginUpdate() { ++FUpdating; }
     void EndUpdate();
-    void ClearColumns();                              // drops the cells, keeps the records; an open editor is cancelled
+    void ClearColumns();  // drops the cells, keeps the records; an open editor is cancelled
     TGridColumn& CreateColumn();
     int GetColumnCount() const { return static_cast<int>(FColumns.size()); }
-    TGridColumn* GetColumn(int Index) const;          // null out of range
-    void MoveColumn(int From, int To);                // cells move with their column; the open editor is posted first
+    TGridColumn* GetColumn(int Index) const;  // null out of range
+    void MoveColumn(int From, int To);        // cells move with their column; the open editor is posted first
 
     TGridDataController& GetDataController() { return FData; }
     const TGridDataController& GetDataController() const { return FData; }
     // Borrowed; null unbinds. The view lets go of it when it dies. Columns ask the data control by their tag.
     void SetCustomDataSource(TCustomGridDataSource* Source);
-    TCustomDataControl* GetDataControl() const;       // null when unbound
+    TCustomDataControl* GetDataControl() const;  // null when unbound
 
     // What a cell shows: the data's text (or the properties' null text; bound: the data control's display value), then
     // the column's OnGetDisplayText. Out of range: "".
     Text GetCellText(int Record, int Column);
-    TStyle* GetCellStyle(int Record, int Column);     // null: default
+    TStyle* GetCellStyle(int Record, int Column);  // null: default
     TcxEditProperties* GetCellProperties(int Record, int Column);
 
-    // Focus; -1 none. Moving to another cell posts the open editor first, and does not move when a validation error keeps
-    // it open. Out of range, or a column without focusing: nothing.
+    // Focus; -1 none. Moving to another cell posts the open editor first, and does not move when a validation error
+    // keeps it open. Out of range, or a column without focusing: nothing.
     int GetFocusedRecord() const { return FFocusedRecord; }
     int GetFocusedColumn() const { return FFocusedColumn; }
     void SetFocusedCell(int Record, int Column);
@@ -67,10 +67,10 @@ public:
     // Focuses nothing, opens nothing: asks OnEditing only. Forms look at the focused record, so ask for that one.
     bool CanEdit(int Record, int Column);
     TCellEditor* GetEditor() const { return FEditor.get(); }
-    // Validates and writes the open editor's value into the cell and closes it. A refused text leaves the cell as it was,
-    // with one warning in the log. A validation error keeps the editor open, a validation that throws closes it and
-    // leaves the cell as it was. An editor that was not modified only closes. A call from inside the validation does
-    // nothing; an editor cancelled there (its record deleted) writes nothing.
+    // Validates and writes the open editor's value into the cell and closes it. A refused text leaves the cell as it
+    // was, with one warning in the log. A validation error keeps the editor open, a validation that throws closes it
+    // and leaves the cell as it was. An editor that was not modified only closes. A call from inside the validation
+    // does nothing; an editor cancelled there (its record deleted) writes nothing.
     void PostEditor() override;
     void CancelEdit();
     // The error text of the last refused validation; "" when there is none.
@@ -86,10 +86,10 @@ public:
 
     // Signals for renderers.
     TSignal<> OnColumnsChanged;
-    TSignal<> OnRecordsChanged;              // count changed, record deleted, or bound data reloaded
-    TSignal<int, int> OnCellChanged;         // record, column
+    TSignal<> OnRecordsChanged;       // count changed, record deleted, or bound data reloaded
+    TSignal<int, int> OnCellChanged;  // record, column
     TSignal<> OnFocusChanged;
-    TSignal<> OnEditorChanged;               // opened, closed
+    TSignal<> OnEditorChanged;  // opened, closed
     TSignal<> OnRepaint;
     // A posted edit: record, column, what was typed (before validation), what stands in the cell now.
     TSignal<int, int, const Variant&, const Variant&> OnEdited;
@@ -106,7 +106,7 @@ private:
     void RecordDeleted(int Record);
     void RecordCountChanged(int Count);
     void SourceChanged();
-    void MoveFocus(int Record, int Column);           // tells when it moved; posts nothing
+    void MoveFocus(int Record, int Column);  // tells when it moved; posts nothing
     bool HasCell(int Record, int Column) const;
     bool AskEditing(TGridColumn& Column);
     EValidation Validate(TCellEditor& Editor, Variant& Value);
@@ -118,7 +118,7 @@ private:
     TGridDataController FData;
     TCustomGridDataSource* FSource = nullptr;  // borrowed
     TConnections FSourceLinks;
-    std::shared_ptr<TCellEditor> FEditor;      // shared only with its own running calls
+    std::shared_ptr<TCellEditor> FEditor;  // shared only with its own running calls
     bool FPosting = false;
     Text FErrorText;
     int FFocusedRecord = -1, FFocusedColumn = -1;

@@ -15,8 +15,8 @@ class TLayoutGroup;
 class FRAMEWORK_API TLayoutNode : public TControl {
 public:
     ~TLayoutNode() override;
-    int Stretch = 0;            // share of spare room along the parent's direction; 0 keeps its own size
-    int PreferredSize = 0;      // pixels at scale 100 along the parent's direction; 0: the renderer's own
+    int Stretch = 0;        // share of spare room along the parent's direction; 0 keeps its own size
+    int PreferredSize = 0;  // pixels at scale 100 along the parent's direction; 0: the renderer's own
     virtual const TLayoutGroup* AsGroup() const { return nullptr; }
 };
 
@@ -38,7 +38,7 @@ public:
     explicit TLayoutGroup(EDirection Direction) : FDirection(Direction) {}
     ~TLayoutGroup() override;
     EDirection GetDirection() const { return FDirection; }
-    bool Splitter = false;      // the user may move the borders between the nodes
+    bool Splitter = false;  // the user may move the borders between the nodes
     void Add(TLayoutNode& Node) { FNodes.push_back(&Node); }
     const std::vector<TLayoutNode*>& Nodes() const { return FNodes; }  // borrowed, in order
     const TLayoutGroup* AsGroup() const override { return this; }

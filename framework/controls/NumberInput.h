@@ -20,9 +20,10 @@ inline std::optional<Variant> ReadNumber(std::string_view Typed, std::optional<d
     return Variant(*Number);
 }
 
-// The value a number of spin steps away, brought into the bounds. An increment of (nearly) 0 counts as 1. Cut at the tenth
-// decimal, so that steps of 0.1 do not pile up binary noise.
-inline double StepNumber(double From, int Steps, double Increment, std::optional<double> Min, std::optional<double> Max) {
+// The value a number of spin steps away, brought into the bounds. An increment of (nearly) 0 counts as 1. Cut at the
+// tenth decimal, so that steps of 0.1 do not pile up binary noise.
+inline double StepNumber(double From, int Steps, double Increment, std::optional<double> Min,
+                         std::optional<double> Max) {
     const bool Usable = std::isfinite(Increment) && std::fabs(Increment) >= 1e-7;
     const double Raw = From + Steps * (Usable ? Increment : 1.0);
     double Result = std::isfinite(Raw) ? TextToFloatDef(FloatToText(Raw, 10), Raw) : From;

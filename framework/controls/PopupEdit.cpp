@@ -43,12 +43,8 @@ void TPopupEdit::KeyPress(char Key) {
     Dispatch(EventName("OnKeyPress"), [&] { Running(this, Key); });
 }
 
-void TPopupEdit::Exit() {
-    FireNotify(OnExit, "OnExit");
-}
+void TPopupEdit::Exit() { FireNotify(OnExit, "OnExit"); }
 
-void TPopupEdit::DoExit() {
-    Exit();
-}
+void TPopupEdit::DoExit() { Exit(); }
 
 }  // namespace fw

@@ -88,9 +88,7 @@ void TSpinEdit::Exit() {
     FireNotify(OnExit, "OnExit");
 }
 
-void TSpinEdit::DoExit() {
-    FireNotify(OnExit, "OnExit");
-}
+void TSpinEdit::DoExit() { FireNotify(OnExit, "OnExit"); }
 
 void TSpinEdit::ChangeValue(const Variant& Value) {
     FValue = Value;

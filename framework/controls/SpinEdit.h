@@ -27,7 +27,7 @@ public:
     void SetDisplayFormat(Text Pattern);
     const Text& GetDisplayFormat() const { return FDisplayFormat; }
     void SetIncrement(double Value) { FIncrement = Value; }
-    double GetIncrement() const { return FIncrement; }          // an increment of 0 spins by 1
+    double GetIncrement() const { return FIncrement; }  // an increment of 0 spins by 1
     void SetMinValue(std::optional<double> Value) { FMinValue = Value; }
     void SetMaxValue(std::optional<double> Value) { FMaxValue = Value; }
     std::optional<double> GetMinValue() const { return FMinValue; }
@@ -39,11 +39,11 @@ public:
     Text GetText() const;
     bool IsModified() const { return FModified; }
 
-    void SetEditText(Text Value);   // the user types; the text already shown changes nothing
+    void SetEditText(Text Value);  // the user types; the text already shown changes nothing
     // Applies the edit text: empty gives null; a finite number within the bounds becomes the value; anything else is
     // refused, the previous value stays and one warning ("Res_LogNumberRefused", typed text) is logged.
     void PostEditor() override;
-    void CancelEdit();              // drops the edit text
+    void CancelEdit();  // drops the edit text
     // Posts first where Key is Enter, then fires OnKeyPress.
     void KeyPress(char Key);
     // Posts, then moves by Steps increments within the bounds; null counts as 0.
@@ -53,9 +53,9 @@ public:
 
     TNotifyEvent OnExit;
     std::function<void(TObject* Sender, char& Key)> OnKeyPress;
-    TNotifyEvent OnChange;          // the value changed, whoever changed it
+    TNotifyEvent OnChange;  // the value changed, whoever changed it
 
-    TSignal<> OnValueChanged;       // value or edit text
+    TSignal<> OnValueChanged;  // value or edit text
 
 protected:
     void DoExit() override;

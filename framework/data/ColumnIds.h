@@ -3,8 +3,8 @@
 
 namespace fw {
 
-// Host-wide column numbers: tags of grid columns and attributes of data controls. Whoever works with a view from outside
-// finds a column by its number.
+// Host-wide column numbers: tags of grid columns and attributes of data controls. Whoever works with a view from
+// outside finds a column by its number.
 inline constexpr int kColumnSymbol = 0;
 inline constexpr int kColumnPrice = 3;
 inline constexpr int kColumnQuantity = 4;

@@ -10,9 +10,30 @@ namespace ws {
 TEST(CommandLine, NothingOpensTheWindow) { EXPECT_EQ(ParseCommandLine({}).Mode, ERunMode::Window); }
 
 TEST(CommandLine, AHeadlessJobIsReadWhole) {
-    const auto Line = ParseCommandLine({"--headless", "--import", "chain.csv", "--exchange", "CBOE", "--series", "SPX", "--month", "2023-02", "--leg",
-                                        "SPX230217C04100000,buy,55.5,1", "--leg", "SPX230217C04200000,sell,20,2", "--down", "3,900", "--up", "4300",
-                                        "--interval", "25", "--out", "out", "--skip-bad-lines", "--date-order", "day-first"});
+    const auto Line = ParseCommandLine({"--headless",
+                                        "--import",
+                                        "chain.csv",
+                                        "--exchange",
+                                        "CBOE",
+                                        "--series",
+                                        "SPX",
+                                        "--month",
+                                        "2023-02",
+                                        "--leg",
+                                        "SPX230217C04100000,buy,55.5,1",
+                                        "--leg",
+                                        "SPX230217C04200000,sell,20,2",
+                                        "--down",
+                                        "3,900",
+                                        "--up",
+                                        "4300",
+                                        "--interval",
+                                        "25",
+                                        "--out",
+                                        "out",
+                                        "--skip-bad-lines",
+                                        "--date-order",
+                                        "day-first"});
     EXPECT_EQ(Line.Mode, ERunMode::Headless);
     EXPECT_EQ(Line.ImportFile, "chain.csv");
     EXPECT_TRUE(Line.SkipBadLines);
@@ -33,10 +54,16 @@ TEST(CommandLine, ImportTakesOneFile) {
     EXPECT_EQ(Line.ImportFile, "chain.csv");
 }
 
-TEST(CommandLine, HelpWinsOverEverything) { EXPECT_EQ(ParseCommandLine({"--headless", "--nonsense", "--help"}).Mode, ERunMode::Help); }
+TEST(CommandLine, HelpWinsOverEverything) {
+    EXPECT_EQ(ParseCommandLine({"--headless", "--nonsense", "--help"}).Mode, ERunMode::Help);
+}
 
 TEST(CommandLine, WrongArgumentsAreNamed) {
-    const struct { const char* Why; std::vector<std::string> Arguments; const char* Key; } Cases[] = {
+    const struct {
+        const char* Why;
+        std::vector<std::string> Arguments;
+        const char* Key;
+    } Cases[] = {
         {"unknown", {"--fast"}, "Res_UsageUnknown"},
         {"a stray word", {"chain.csv"}, "Res_UsageUnknown"},
         {"two files", {"import", "a", "b"}, "Res_UsageUnknown"},

@@ -7,10 +7,13 @@ namespace ws {
 class THeadlessJobTest : public TJobFixture {};
 
 TEST_F(THeadlessJobTest, ALongCallIsTabulated) {
-    ASSERT_EQ(RunJob({"--leg", "HSI26400L6,buy,500,2", "--down", "26000", "--up", "27000", "--interval", "200"}), kExitDone) << Errors.str();
-    EXPECT_EQ(Lines("payoff.csv"), (std::vector<std::string>{"price,pl", "26000,-50000", "26200,-50000", "26400,-50000", "26600,-30000", "26800,-10000",
-                                                             "27000,10000"}));
-    EXPECT_EQ(Lines("keyprices.csv"), (std::vector<std::string>{"price,pl", "26000,-50000", "26400,-50000", "27000,10000"}));
+    ASSERT_EQ(RunJob({"--leg", "HSI26400L6,buy,500,2", "--down", "26000", "--up", "27000", "--interval", "200"}),
+              kExitDone)
+        << Errors.str();
+    EXPECT_EQ(Lines("payoff.csv"), (std::vector<std::string>{"price,pl", "26000,-50000", "26200,-50000", "26400,-50000",
+                                                             "26600,-30000", "26800,-10000", "27000,10000"}));
+    EXPECT_EQ(Lines("keyprices.csv"),
+              (std::vector<std::string>{"price,pl", "26000,-50000", "26400,-50000", "27000,10000"}));
     EXPECT_EQ(Lines("payoff.png").size(), 1u);
     EXPECT_NE(Out.str().find("payoff.csv"), std::string::npos);
     EXPECT_FALSE(Station->HasOwners()) << "the view is closed and has let go of everything";
@@ -23,12 +26,18 @@ TEST_F(THeadlessJobTest, WithoutLegsTheFirstStartsStrategyIsCalculated) {
 }
 
 TEST_F(THeadlessJobTest, PremiumsAreWhatTheCellShowsNotWhatTheExchangeQuotes) {
-    ASSERT_EQ(RunJob({"--leg", "CPRZ26,buy,400,1", "--down", "4", "--up", "4.5", "--interval", "0.5"}), kExitDone) << Errors.str();
-    EXPECT_EQ(Lines("payoff.csv"), (std::vector<std::string>{"price,pl", "4,0", "4.5,12500"})) << "400 shown is 4.00 real, multiplier 25,000";
+    ASSERT_EQ(RunJob({"--leg", "CPRZ26,buy,400,1", "--down", "4", "--up", "4.5", "--interval", "0.5"}), kExitDone)
+        << Errors.str();
+    EXPECT_EQ(Lines("payoff.csv"), (std::vector<std::string>{"price,pl", "4,0", "4.5,12500"}))
+        << "400 shown is 4.00 real, multiplier 25,000";
 }
 
 TEST_F(THeadlessJobTest, EveryLegThatIsInTheWayIsNamedAndNothingIsWritten) {
-    const struct { const char* Why; std::vector<std::string> Arguments; std::vector<const char*> Named; } Cases[] = {
+    const struct {
+        const char* Why;
+        std::vector<std::string> Arguments;
+        std::vector<const char*> Named;
+    } Cases[] = {
         {"unknown", {"--leg", "NOBODY,buy,1,1"}, {"NOBODY"}},
         {"foreign", {"--leg", "HSI26400L6,buy,1,1", "--leg", "OILF27,buy,1,1"}, {"OILF27"}},
         {"never any data", {"--leg", "HHI9400L6,buy,1,1", "--leg", "HHI10500L6,buy,1,1"}, {"HHI10500L6"}},

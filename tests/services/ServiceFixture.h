@@ -25,8 +25,9 @@ protected:
 
     TServiceFixture() {
         fw::TClock::Fix(At(2026, 12, 1));
-        Folder = std::filesystem::temp_directory_path() /
-                 ("workstation_test_" + std::to_string(::getpid()) + "_" + testing::UnitTest::GetInstance()->current_test_info()->name());
+        Folder =
+            std::filesystem::temp_directory_path() / ("workstation_test_" + std::to_string(::getpid()) + "_" +
+                                                      testing::UnitTest::GetInstance()->current_test_info()->name());
         std::filesystem::create_directories(Folder);
         LogLink = fw::TLog::Entries().Connect([this](const fw::TLogEntry& Entry) { Logged.push_back(Entry.Key); });
     }

@@ -82,7 +82,8 @@ TEST_F(TSubscriptionServiceTest, OneWhoComesLaterIsToldToo) {
     Station->Pump();
     fw::TObject Other;
     int Told = 0;
-    Station->Subscriptions().Subscribe(&Item("HSIZ6"), [&](fw::TObject*, fw::TObject*) { ++Told; }, &Other);
+    Station->Subscriptions().Subscribe(
+        &Item("HSIZ6"), [&](fw::TObject*, fw::TObject*) { ++Told; }, &Other);
     EXPECT_EQ(Told, 0);
     Station->Pump();
     EXPECT_EQ(Told, 1);

@@ -64,8 +64,16 @@ TEST_F(TWorkstationTest, ListsAreSortedAsTheMarketListsThem) {
 }
 
 TEST_F(TWorkstationTest, UsersDiffer) {
-    const struct { const char* User; int Type; bool Selectable; bool Right; bool PayOff; } Cases[] = {
-        {"trader", 2, true, true, true}, {"fixed", 2, false, true, true}, {"norights", 2, true, false, true}, {"nopayoff", 2, true, true, false}};
+    const struct {
+        const char* User;
+        int Type;
+        bool Selectable;
+        bool Right;
+        bool PayOff;
+    } Cases[] = {{"trader", 2, true, true, true},
+                 {"fixed", 2, false, true, true},
+                 {"norights", 2, true, false, true},
+                 {"nopayoff", 2, true, true, false}};
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.User);
         Open(C.User);
@@ -79,7 +87,8 @@ TEST_F(TWorkstationTest, UsersDiffer) {
     EXPECT_EQ(Station->User().Code, "nopayoff") << "the last one is remembered";
     Open("nobody");
     EXPECT_EQ(Station->User().Code, "trader");
-    EXPECT_TRUE(std::any_of(Station->Notices().begin(), Station->Notices().end(), [](const auto& N) { return N.Key == "Res_UserUnknown"; }));
+    EXPECT_TRUE(std::any_of(Station->Notices().begin(), Station->Notices().end(),
+                            [](const auto& N) { return N.Key == "Res_UserUnknown"; }));
 }
 
 TEST_F(TWorkstationTest, TheUsersAccountIsPreselected) {
@@ -138,7 +147,13 @@ TEST_F(TWorkstationTest, AColumnLayoutIsAppliedWhateverItNames) {
 TEST_F(TWorkstationTest, PricesAreWrittenAsTheirSymbolIsQuoted) {
     Open();
     auto& Formatter = fw::TCustomFormatter::GetInstance();
-    const struct { const char* Why; double Value; int Kind; const char* Symbol; const char* Expected; } Cases[] = {
+    const struct {
+        const char* Why;
+        double Value;
+        int Kind;
+        const char* Symbol;
+        const char* Expected;
+    } Cases[] = {
         {"an index option has no decimals", 1234, 1, "HSI26400L6", "1,234"},
         {"typed decimals are not hidden", 120.5, 1, "HSI26400L6", "120.5"},
         {"a factor of 100", 4.0610, 1, "CPRZ26", "406.10"},
@@ -192,15 +207,19 @@ TEST_F(TWorkstationTest, AnImportIsShownToEveryView) {
     int Reports = 0;
     Station->Market().AddExchangeUpdateHandler([&](fw::TObject*, fw::TObject*) { ++Reports; }, &View);
     auto& Early = Item("ABC230217C00100000");
-    Station->Subscriptions().Subscribe(&Early, [](fw::TObject*, fw::TObject*) {}, &View);
+    Station->Subscriptions().Subscribe(
+        &Early, [](fw::TObject*, fw::TObject*) {}, &View);
     Station->Pump();
     EXPECT_EQ(Early.GetState(), fw::kItemNoData);
 
     const auto File = Folder / "chain.csv";
-    std::ofstream(File) << "\nAlpha Beta Index,Last: 101.5,Change: 0\n\"Date: February 3, 2023 at 11:24 PM EST\",Bid: 1,Ask: 2\n"
-                           "Expiration Date,Calls,Last Sale,Net,Bid,Ask,Volume,IV,Delta,Gamma,Open Interest,Strike,Puts,Last Sale,Net,Bid,Ask,"
-                           "Volume,IV,Delta,Gamma,Open Interest\n"
-                           "Fri Feb 17 2023,ABC230217C00100000,3,0,2.9,3.1,0,0,0,0,0,100.00,ABC230217P00100000,1.5,0,1.4,1.6,0,0,0,0,0\n";
+    std::ofstream(File)
+        << "\nAlpha Beta Index,Last: 101.5,Change: 0\n\"Date: February 3, 2023 at 11:24 PM EST\",Bid: 1,Ask: 2\n"
+           "Expiration Date,Calls,Last Sale,Net,Bid,Ask,Volume,IV,Delta,Gamma,Open Interest,Strike,Puts,Last "
+           "Sale,Net,Bid,Ask,"
+           "Volume,IV,Delta,Gamma,Open Interest\n"
+           "Fri Feb 17 "
+           "2023,ABC230217C00100000,3,0,2.9,3.1,0,0,0,0,0,100.00,ABC230217P00100000,1.5,0,1.4,1.6,0,0,0,0,0\n";
     const auto Report = Station->ImportChain(File, {}, false);
     EXPECT_TRUE(Report.Applied);
     EXPECT_EQ(Report.Changes.Products.size(), 2u);
@@ -245,7 +264,8 @@ TEST_F(TWorkstationTest, AStartAfterTheFirstExpiryRollsTheSampleForward) {
     Station.reset();
     fw::TClock::Fix(At(2027, 3, 2));
     Open();
-    EXPECT_TRUE(std::any_of(Station->Notices().begin(), Station->Notices().end(), [](const auto& N) { return N.Key == "Res_SampleRolled"; }));
+    EXPECT_TRUE(std::any_of(Station->Notices().begin(), Station->Notices().end(),
+                            [](const auto& N) { return N.Key == "Res_SampleRolled"; }));
     EXPECT_NE(Station->Store().CurrentSampleSymbol("HSIZ6"), "HSIZ6");
     EXPECT_TRUE(Station->Market().FindProduct(Station->Store().CurrentSampleSymbol("HSIZ6")));
 }

@@ -14,7 +14,7 @@
 namespace ws {
 
 struct TExchangeRow {
-    std::string Code;          // "HKFE"
+    std::string Code;  // "HKFE"
     std::string NameEn, NameHant, NameHans;
     bool Supported = true;     // offered in the payoff view
     std::string MarketDay;     // "yyyy/MM/dd" when the exchange stands still on a day of its own (imported), else empty
@@ -23,35 +23,35 @@ struct TExchangeRow {
 };
 
 struct TCurrencyRow {
-    std::string Code;          // "HKD"
+    std::string Code;  // "HKD"
     std::string NameEn, NameHant, NameHans;
 };
 
 struct TSeriesRow {
     std::string Exchange;
-    std::string Code;          // unique within the exchange
+    std::string Code;  // unique within the exchange
     std::string NameEn, NameHant, NameHans;
     std::string Currency;
     std::optional<double> UnderlyingLast;  // last price of the underlying itself
-    double Volatility = 0.2;   // per year, of the simulated walk
-    int Decimals = 2;          // decimals in which the exchange quotes the series (of the real price)
-    bool Imported = false;     // from a file: quotes stand still
+    double Volatility = 0.2;               // per year, of the simulated walk
+    int Decimals = 2;                      // decimals in which the exchange quotes the series (of the real price)
+    bool Imported = false;                 // from a file: quotes stand still
     int SortIndex = 0;
 };
 
 struct TProductRow {
-    std::string Symbol;        // exchange symbol form, unique over all exchanges
+    std::string Symbol;  // exchange symbol form, unique over all exchanges
     std::string Exchange, Series;
-    int ProductType = 0;       // 2 future, 3 option; others exist and are ignored by the payoff view
-    std::string ExpiryDate;    // "yyyy/MM/dd"
-    std::string StrikePrice;   // text as the exchange states it; empty for futures
-    std::string CallPutCode;   // "C"/"P" or a numeric exchange code; empty for futures
-    std::string LotSize;       // text; empty = not stated
-    std::string SpreadCode;    // price-step table; empty = none stated
-    std::string RelatedSymbol; // e.g. the future behind an option; empty = none
+    int ProductType = 0;        // 2 future, 3 option; others exist and are ignored by the payoff view
+    std::string ExpiryDate;     // "yyyy/MM/dd"
+    std::string StrikePrice;    // text as the exchange states it; empty for futures
+    std::string CallPutCode;    // "C"/"P" or a numeric exchange code; empty for futures
+    std::string LotSize;        // text; empty = not stated
+    std::string SpreadCode;     // price-step table; empty = none stated
+    std::string RelatedSymbol;  // e.g. the future behind an option; empty = none
     std::string Currency;
-    std::optional<double> Multiplier;     // contract multiplier; absent = not stated
-    std::optional<double> DisplayFactor;  // display price = real price x factor; absent = none
+    std::optional<double> Multiplier;               // contract multiplier; absent = not stated
+    std::optional<double> DisplayFactor;            // display price = real price x factor; absent = none
     std::map<std::string, std::string> Attributes;  // e.g. {"WeeklyOptionExp", "W1"}, {"ShortCode", "00005"}
 };
 
@@ -59,20 +59,24 @@ struct TQuoteRow {
     std::string Symbol;
     std::optional<double> Bid, Ask, Last;
     std::optional<double> PreviousSettlement;
-    std::string Time;          // "yyyy/MM/dd HH:mm:ss", exchange wall clock; empty = no data have ever come
-    bool Silent = false;       // a contract that the market lists but for which it never sends data
-    int DelaySeconds = 0;      // first data come this late after a subscription
+    std::string Time;      // "yyyy/MM/dd HH:mm:ss", exchange wall clock; empty = no data have ever come
+    bool Silent = false;   // a contract that the market lists but for which it never sends data
+    int DelaySeconds = 0;  // first data come this late after a subscription
 };
 
 // One band of a price-step table: steps of Step from Lower up to the next band's Lower.
 struct TSpreadBandRow {
     std::string Code;
-    int Kind = 1;              // 1 = bands; other kinds exist and are not walked
+    int Kind = 1;  // 1 = bands; other kinds exist and are not walked
     double Lower = 0.0;
     double Step = 1.0;
 };
 
-struct TOrderOptionRow { std::string Exchange; std::string Option; int SortIndex = 0; };
+struct TOrderOptionRow {
+    std::string Exchange;
+    std::string Option;
+    int SortIndex = 0;
+};
 
 struct TMarketSet {
     std::vector<TExchangeRow> Exchanges;
@@ -88,20 +92,22 @@ struct TUserRow {
     std::string Code, Name;
     int UserType = 0;
     bool AccountSelectable = true;
-    std::string DefaultAccount;            // empty = none
-    std::vector<std::string> Rights;       // "OEOpenC", "OEPrin", ...
-    std::vector<std::string> Functions;    // "PayOff", ...
+    std::string DefaultAccount;          // empty = none
+    std::vector<std::string> Rights;     // "OEOpenC", "OEPrin", ...
+    std::vector<std::string> Functions;  // "PayOff", ...
     std::vector<std::string> Accounts;
     int SortIndex = 0;
 };
 
-struct TAccountRow { std::string Code, Name; };
+struct TAccountRow {
+    std::string Code, Name;
+};
 
 // One shipped position: an opening execution.
 struct TPositionRow {
     std::string Account, Symbol;
-    double Qty = 0.0;          // signed
-    double AvgPrice = 0.0;     // real price units
+    double Qty = 0.0;       // signed
+    double AvgPrice = 0.0;  // real price units
 };
 
 struct TTradingSet {

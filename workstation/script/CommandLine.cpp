@@ -32,7 +32,8 @@ TStrategyLeg LegOf(const std::string& Value) {
     std::istringstream Stream(Value);
     for (std::string Part; std::getline(Stream, Part, ',');) Parts.push_back(Part);
     const bool Complete = Parts.size() == 4 && !Parts[0].empty() && (Parts[1] == "buy" || Parts[1] == "sell");
-    if (!Complete || Value.ends_with(',') || !fw::TextToFloat(Parts[2]) || !fw::TextToFloat(Parts[3])) throw TUsageError{"Res_UsageLeg", {Value}};
+    if (!Complete || Value.ends_with(',') || !fw::TextToFloat(Parts[2]) || !fw::TextToFloat(Parts[3]))
+        throw TUsageError{"Res_UsageLeg", {Value}};
     return {Parts[0], Parts[1] == "buy" ? ELegSide::Buy : ELegSide::Sell, Parts[2], Parts[3]};
 }
 
@@ -40,20 +41,26 @@ const std::vector<TOption>& Options() {
     using enum ERunMode;
     static const std::vector<TOption> kOptions{
         {"--user", {Window, Headless, Picture}, true, [](auto& C, auto& V) { C.User = V; }},
-        {"--skin", {Window, Headless, Picture}, true,
+        {"--skin",
+         {Window, Headless, Picture},
+         true,
          [](auto& C, auto& V) {
              const auto& Skins = TSkinTable::Embedded().Skins();
              if (std::find(Skins.begin(), Skins.end(), V) == Skins.end()) throw TUsageError{"Res_UsageSkin", {V}};
              C.Skin = V;
          }},
-        {"--language", {Window, Headless, Picture}, true,
+        {"--language",
+         {Window, Headless, Picture},
+         true,
          [](auto& C, auto& V) {
              if (!LanguageIndexOf(V)) throw TUsageError{"Res_UsageLanguage", {V}};
              C.Language = V;
          }},
         {"--import", {Headless}, true, [](auto& C, auto& V) { C.ImportFile = V; }},
         {"--skip-bad-lines", {Headless, Import}, false, [](auto& C, auto&) { C.SkipBadLines = true; }},
-        {"--date-order", {Headless, Import}, true,
+        {"--date-order",
+         {Headless, Import},
+         true,
          [](auto& C, auto& V) {
              const auto Order = DateOrderOf(V);
              if (!Order) throw TUsageError{"Res_UsageDateOrder", {V}};
@@ -72,7 +79,9 @@ const std::vector<TOption>& Options() {
 }
 
 ERunMode ModeOf(const std::vector<std::string>& Arguments) {
-    const auto Has = [&](const char* Name) { return std::find(Arguments.begin(), Arguments.end(), Name) != Arguments.end(); };
+    const auto Has = [&](const char* Name) {
+        return std::find(Arguments.begin(), Arguments.end(), Name) != Arguments.end();
+    };
     if (Has("--help") || Has("-h")) return ERunMode::Help;
     if (Has("--version")) return ERunMode::Version;
     if (Has("--headless")) return ERunMode::Headless;
@@ -83,8 +92,10 @@ ERunMode ModeOf(const std::vector<std::string>& Arguments) {
 
 void Check(const TCommandLine& Line) {
     if (Line.Mode == ERunMode::Import && Line.ImportFile.empty()) throw TUsageError{"Res_UsageImportFile", {}};
-    if ((Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture) && Line.Out.empty()) throw TUsageError{"Res_UsageOut", {}};
-    if (Line.Mode == ERunMode::Headless && !Line.ImportFile.empty() && Line.Strategy.Legs.empty()) throw TUsageError{"Res_UsageImportLegs", {}};
+    if ((Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture) && Line.Out.empty())
+        throw TUsageError{"Res_UsageOut", {}};
+    if (Line.Mode == ERunMode::Headless && !Line.ImportFile.empty() && Line.Strategy.Legs.empty())
+        throw TUsageError{"Res_UsageImportLegs", {}};
 }
 
 }  // namespace
@@ -103,14 +114,16 @@ TCommandLine ParseCommandLine(const std::vector<std::string>& Arguments) {
     for (size_t i = 0; i < Arguments.size(); ++i) {
         const auto& Argument = Arguments[i];
         if (Argument == "--headless" || Argument == "--picture" || (i == 0 && Argument == "import")) continue;
-        const auto Option = std::find_if(Options().begin(), Options().end(), [&](const TOption& O) { return Argument == O.Name; });
+        const auto Option =
+            std::find_if(Options().begin(), Options().end(), [&](const TOption& O) { return Argument == O.Name; });
         if (Option == Options().end()) {
             const bool File = Line.Mode == ERunMode::Import && Line.ImportFile.empty() && !Argument.starts_with('-');
             if (!File) throw TUsageError{"Res_UsageUnknown", {Argument}};
             Line.ImportFile = Argument;
             continue;
         }
-        if (std::find(Option->Modes.begin(), Option->Modes.end(), Line.Mode) == Option->Modes.end()) throw TUsageError{"Res_UsageMode", {Argument}};
+        if (std::find(Option->Modes.begin(), Option->Modes.end(), Line.Mode) == Option->Modes.end())
+            throw TUsageError{"Res_UsageMode", {Argument}};
         if (Option->HasValue && ++i == Arguments.size()) throw TUsageError{"Res_UsageValue", {Argument}};
         Option->Take(Line, Option->HasValue ? Arguments[i] : std::string());
     }

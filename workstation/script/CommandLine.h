@@ -17,14 +17,14 @@ enum class ERunMode { Window, Headless, Import, Picture, Help, Version };
 // What the program was asked to do.
 struct TCommandLine {
     ERunMode Mode = ERunMode::Window;
-    std::string User;                          // --user
-    std::filesystem::path ImportFile;          // import FILE, or --import FILE of the headless job
-    bool SkipBadLines = false;                 // --skip-bad-lines
+    std::string User;                  // --user
+    std::filesystem::path ImportFile;  // import FILE, or --import FILE of the headless job
+    bool SkipBadLines = false;         // --skip-bad-lines
     EDateOrder DateOrder = EDateOrder::Unstated;
-    TStrategy Strategy;                        // of the headless job; no legs: the first start's
-    std::filesystem::path Out;                 // folder of the headless job, file of the picture
-    std::string Skin;                          // --skin, window and picture
-    std::string Language;                      // --language en|zh-Hant|zh-Hans; "": as remembered
+    TStrategy Strategy;         // of the headless job; no legs: the first start's
+    std::filesystem::path Out;  // folder of the headless job, file of the picture
+    std::string Skin;           // --skin, window and picture
+    std::string Language;       // --language en|zh-Hant|zh-Hans; "": as remembered
 };
 
 // Wrong arguments; a resource key and its arguments, for one clear line.

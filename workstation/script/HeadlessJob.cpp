@@ -28,7 +28,8 @@ private:
     int64_t FHandle;
 };
 
-bool Calculate(fw::TFrame& Frame, TWorkstation& Workstation, TStrategy Strategy, const THeadlessHost& Host, std::ostream& Errors) {
+bool Calculate(fw::TFrame& Frame, TWorkstation& Workstation, TStrategy Strategy, const THeadlessHost& Host,
+               std::ostream& Errors) {
     TStrategyRun Run(Frame, Workstation.Market(), std::move(Strategy), kPatience);
     const auto Begin = std::chrono::steady_clock::now();
     for (;;) {
@@ -38,22 +39,25 @@ bool Calculate(fw::TFrame& Frame, TWorkstation& Workstation, TStrategy Strategy,
         if (State == TStrategyRun::EState::Failed) break;
         Host.Wait(kTimerPeriodMs / 4);
     }
-    for (const auto& Problem : Run.Problems()) Errors << Workstation.Language().Resource(Problem.Key, Problem.Args) << '\n';
+    for (const auto& Problem : Run.Problems())
+        Errors << Workstation.Language().Resource(Problem.Key, Problem.Args) << '\n';
     return false;
 }
 
 void PrintBadLines(TWorkstation& Workstation, const std::vector<TBadLine>& Lines, std::ostream& Errors) {
     for (const auto& Line : Lines)
         Errors << Workstation.Language().Resource(
-                      "Res_ImportBadLine", {std::to_string(Line.Line), Workstation.Language().Resource(Line.Reason.Key, Line.Reason.Args)})
+                      "Res_ImportBadLine",
+                      {std::to_string(Line.Line), Workstation.Language().Resource(Line.Reason.Key, Line.Reason.Args)})
                << '\n';
 }
 
 void PrintImported(TWorkstation& Workstation, const TImportReport& Report, std::ostream& Out) {
     std::string Series;
     for (const auto& Code : Report.Changes.NewSeries) Series += (Series.empty() ? "" : ", ") + Code;
-    Out << Workstation.Language().Resource("Res_ImportDone", {std::to_string(Report.Changes.Products.size()), std::to_string(Report.Changes.AddedProducts),
-                                                              Series.empty() ? "-" : Series})
+    Out << Workstation.Language().Resource(
+               "Res_ImportDone", {std::to_string(Report.Changes.Products.size()),
+                                  std::to_string(Report.Changes.AddedProducts), Series.empty() ? "-" : Series})
         << '\n';
 }
 
@@ -67,7 +71,9 @@ int RunImport(TWorkstation& Workstation, const TCommandLine& Line, std::ostream&
             PrintImported(Workstation, Report, Out);
             return kExitDone;
         }
-        Errors << Workstation.Language().Resource("Res_ImportRefused", {Line.ImportFile.string(), std::to_string(Report.BadLines.size())}) << '\n';
+        Errors << Workstation.Language().Resource("Res_ImportRefused",
+                                                  {Line.ImportFile.string(), std::to_string(Report.BadLines.size())})
+               << '\n';
     } catch (const EMarketRefusal& Refusal) {
         Errors << Workstation.Language().Resource(Refusal.Reason().Key, Refusal.Reason().Args) << '\n';
     } catch (const EStoreError& Error) {
@@ -76,8 +82,8 @@ int RunImport(TWorkstation& Workstation, const TCommandLine& Line, std::ostream&
     return kExitFailed;
 }
 
-int RunHeadlessJob(TWorkstation& Workstation, fw::TIBaseView& View, const TCommandLine& Line, const THeadlessHost& Host, std::ostream& Out,
-                   std::ostream& Errors) {
+int RunHeadlessJob(TWorkstation& Workstation, fw::TIBaseView& View, const TCommandLine& Line, const THeadlessHost& Host,
+                   std::ostream& Out, std::ostream& Errors) {
     if (!Line.ImportFile.empty())
         if (const int Status = RunImport(Workstation, Line, Out, Errors); Status != kExitDone) return Status;
 
@@ -99,7 +105,9 @@ int RunHeadlessJob(TWorkstation& Workstation, fw::TIBaseView& View, const TComma
     try {
         WritePayoffFiles(Open.Frame(), Line.Out);
     } catch (const std::filesystem::filesystem_error& Error) {
-        Errors << Workstation.Language().Resource("Res_FileNotWritten", {Error.path1().string(), Error.code().message()}) << '\n';
+        Errors << Workstation.Language().Resource("Res_FileNotWritten",
+                                                  {Error.path1().string(), Error.code().message()})
+               << '\n';
         return kExitFailed;
     }
     const auto Picture = Line.Out / "payoff.png";

@@ -16,13 +16,17 @@ namespace {
 
 class TCsvFile {
 public:
-    explicit TCsvFile(const std::filesystem::path& File) : FFile(File), FStream(File, std::ios::binary | std::ios::trunc) {
+    explicit TCsvFile(const std::filesystem::path& File)
+        : FFile(File), FStream(File, std::ios::binary | std::ios::trunc) {
         FStream << "price,pl\n";
     }
-    void Row(double Price, double PL) { FStream << fw::FloatToShortestText(Price) << ',' << fw::FloatToShortestText(PL) << '\n'; }
+    void Row(double Price, double PL) {
+        FStream << fw::FloatToShortestText(Price) << ',' << fw::FloatToShortestText(PL) << '\n';
+    }
     void Close() {
         FStream.close();
-        if (!FStream) throw std::filesystem::filesystem_error("write", FFile, std::error_code(errno, std::generic_category()));
+        if (!FStream)
+            throw std::filesystem::filesystem_error("write", FFile, std::error_code(errno, std::generic_category()));
     }
 
 private:
@@ -38,7 +42,8 @@ void WritePayoffFiles(fw::TFrame& Frame, const std::filesystem::path& Folder) {
     if (auto* View = Frame.FindControl<fw::TGridTableView>("DetailGridView"); View && View->GetDataControl()) {
         auto& Rows = *View->GetDataControl();
         const int32_t Count = Rows.GetCount();
-        for (int32_t i = 0; i < Count; ++i) Table.Row(Rows.GetValue(i, fw::kColumnPrice).AsFloat(), Rows.GetValue(i, fw::kColumnProfitLoss).AsFloat());
+        for (int32_t i = 0; i < Count; ++i)
+            Table.Row(Rows.GetValue(i, fw::kColumnPrice).AsFloat(), Rows.GetValue(i, fw::kColumnProfitLoss).AsFloat());
     }
     Table.Close();
 

@@ -14,7 +14,9 @@ namespace ws {
 
 namespace {
 
-bool NamesItem(const fw::Text& Item, const std::string& Value) { return Item == Value || Item.starts_with(Value + "("); }
+bool NamesItem(const fw::Text& Item, const std::string& Value) {
+    return Item == Value || Item.starts_with(Value + "(");
+}
 
 int ColumnWithTag(const fw::TGridTableView& View, int Tag) {
     for (int i = 0; i < View.GetColumnCount(); ++i)
@@ -79,7 +81,8 @@ bool TPlayer::Enter(const TStep& Step) {
     Edit->SetEditText(Step.Value);
     Edit->KeyPress(fw::kKeyEnter);
     const auto Typed = fw::GroupedTextToFloat(Step.Value);
-    return Typed ? !Edit->GetValue().IsNull() && Edit->GetFloat() == *Typed : Step.Value.empty() && Edit->GetValue().IsNull();
+    return Typed ? !Edit->GetValue().IsNull() && Edit->GetFloat() == *Typed
+                 : Step.Value.empty() && Edit->GetValue().IsNull();
 }
 
 bool TPlayer::Choose(const TStep& Step) {

@@ -11,13 +11,13 @@ namespace ws {
 // One thing a user does to a view, named by the control's form name.
 struct TStep {
     enum class EAction {
-        Select,      // combo: the item whose text is Value, or begins with Value and "("
-        Enter,       // spin editor: types Value and presses Enter
-        Choose,      // popup editor: the choice with code Value
-        Cell,        // grid view: types Value into the cell (Row, Column) and leaves it; a combo cell takes the item
-                     // with that text
-        CellItem,    // grid view: takes item number Item of a combo cell
-        Click,       // button
+        Select,    // combo: the item whose text is Value, or begins with Value and "("
+        Enter,     // spin editor: types Value and presses Enter
+        Choose,    // popup editor: the choice with code Value
+        Cell,      // grid view: types Value into the cell (Row, Column) and leaves it; a combo cell takes the item
+                   // with that text
+        CellItem,  // grid view: takes item number Item of a combo cell
+        Click,     // button
     };
     EAction Action = EAction::Click;
     std::string Control;
@@ -26,9 +26,15 @@ struct TStep {
     int Column = 0;  // tag of the grid column
     int Item = 0;
 
-    static TStep Select(std::string Control, std::string Value) { return {EAction::Select, std::move(Control), std::move(Value)}; }
-    static TStep Enter(std::string Control, std::string Value) { return {EAction::Enter, std::move(Control), std::move(Value)}; }
-    static TStep Choose(std::string Control, std::string Value) { return {EAction::Choose, std::move(Control), std::move(Value)}; }
+    static TStep Select(std::string Control, std::string Value) {
+        return {EAction::Select, std::move(Control), std::move(Value)};
+    }
+    static TStep Enter(std::string Control, std::string Value) {
+        return {EAction::Enter, std::move(Control), std::move(Value)};
+    }
+    static TStep Choose(std::string Control, std::string Value) {
+        return {EAction::Choose, std::move(Control), std::move(Value)};
+    }
     static TStep Cell(std::string Control, int Row, int Column, std::string Value) {
         return {EAction::Cell, std::move(Control), std::move(Value), Row, Column};
     }

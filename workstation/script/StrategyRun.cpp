@@ -24,7 +24,8 @@ int StateOf(const std::string& Symbol) {
 // Text of the symbol cell of a row; "" when there is none.
 std::string SymbolAt(const fw::TGridTableView& View, int Row) {
     for (int i = 0; i < View.GetColumnCount(); ++i)
-        if (View.GetColumn(i)->Tag == fw::kColumnSymbol) return fw::Trim(View.GetDataController().GetValue(Row, i).AsText());
+        if (View.GetColumn(i)->Tag == fw::kColumnSymbol)
+            return fw::Trim(View.GetDataController().GetValue(Row, i).AsText());
     return {};
 }
 
@@ -34,7 +35,8 @@ std::string MonthCodeOf(const TProductRow& Product) {
     std::string Code = Product.ExpiryDate.substr(0, 7);
     std::replace(Code.begin(), Code.end(), '/', '-');
     const auto Tag = Product.Attributes.find("WeeklyOptionExp");
-    const bool Weekly = Tag != Product.Attributes.end() && !fw::Trim(Tag->second).empty() && fw::SameText(Product.Exchange, "HKFE");
+    const bool Weekly =
+        Tag != Product.Attributes.end() && !fw::Trim(Tag->second).empty() && fw::SameText(Product.Exchange, "HKFE");
     return Weekly ? Code + "-" + fw::Trim(Tag->second) : Code;
 }
 
@@ -69,7 +71,8 @@ bool TStrategyRun::SelectMarket() {
         if (S.Series.empty()) S.Series = Product->Series;
         if (S.Month.empty()) S.Month = MonthCodeOf(*Product);
     }
-    const TStep Steps[] = {TStep::Select("cmbExchange", S.Exchange), TStep::Select("cmbSeries", S.Series), TStep::Select("cmbMonth", S.Month)};
+    const TStep Steps[] = {TStep::Select("cmbExchange", S.Exchange), TStep::Select("cmbSeries", S.Series),
+                           TStep::Select("cmbMonth", S.Month)};
     for (const auto& Step : Steps)
         if (!FPlayer.Play(Step)) {
             Report("Res_ScriptMarketUnknown", {Step.Value, S.Exchange, S.Series, S.Month});
@@ -85,13 +88,16 @@ void TStrategyRun::TypeSymbols() {
         const bool Taken = FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnSymbol, Leg.Symbol));
         FSymbols.push_back(Taken ? SymbolAt(*View, Row) : std::string());
         if (!FSymbols.back().empty()) continue;
-        Report(FMarket.FindProduct(fw::TEditorManager::GetInstance().GetConvertSymbol(Leg.Symbol)) ? "Res_ScriptSymbolForeign" : "Res_ScriptSymbolUnknown",
+        Report(FMarket.FindProduct(fw::TEditorManager::GetInstance().GetConvertSymbol(Leg.Symbol))
+                   ? "Res_ScriptSymbolForeign"
+                   : "Res_ScriptSymbolUnknown",
                {Leg.Symbol, FStrategy.Exchange, FStrategy.Series, FStrategy.Month});
     }
 }
 
 bool TStrategyRun::DataArrived() const {
-    return std::all_of(FSymbols.begin(), FSymbols.end(), [](const auto& Symbol) { return StateOf(Symbol) != fw::kItemUnknown; });
+    return std::all_of(FSymbols.begin(), FSymbols.end(),
+                       [](const auto& Symbol) { return StateOf(Symbol) != fw::kItemUnknown; });
 }
 
 // A symbol that turned out to be foreign or unknown has lost its row by now; one without data still has it.
@@ -120,7 +126,8 @@ void TStrategyRun::TypeLegs() {
             Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Side == ELegSide::Buy ? "buy" : "sell"});
         if (Leg.Premium && !FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnPremium, *Leg.Premium)))
             Report("Res_ScriptCellRefused", {Leg.Symbol, *Leg.Premium});
-        if (!FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnQuantity, Leg.Qty))) Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Qty});
+        if (!FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnQuantity, Leg.Qty)))
+            Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Qty});
     }
 }
 

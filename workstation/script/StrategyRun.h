@@ -40,7 +40,9 @@ private:
     void TypeLegs();
     void TypeRange();
     void Calculate();
-    void Report(std::string Key, std::vector<std::string> Args) { FProblems.push_back({std::move(Key), std::move(Args)}); }
+    void Report(std::string Key, std::vector<std::string> Args) {
+        FProblems.push_back({std::move(Key), std::move(Args)});
+    }
 
     fw::TFrame& FFrame;
     const TMarketService& FMarket;

@@ -10,7 +10,8 @@ void TChannelService::Unsubscribe(int Channel, fw::TObject* Owner) {
 }
 
 void TChannelService::SendData(int Channel, fw::TObject* Record) {
-    if (const auto It = FChannels.find(Channel); It != FChannels.end()) It->second.Notify("channel " + std::to_string(Channel), this, Record);
+    if (const auto It = FChannels.find(Channel); It != FChannels.end())
+        It->second.Notify("channel " + std::to_string(Channel), this, Record);
 }
 
 bool TChannelService::HasOwners() const {

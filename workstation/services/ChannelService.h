@@ -10,7 +10,9 @@ namespace ws {
 
 class TChannelService : public fw::TCustomGlobalChannelManager {
 public:
-    void Subscribe(int Channel, fw::TDataEvent Handler, fw::TObject* Owner) override { FChannels[Channel].Add(Owner, std::move(Handler)); }
+    void Subscribe(int Channel, fw::TDataEvent Handler, fw::TObject* Owner) override {
+        FChannels[Channel].Add(Owner, std::move(Handler));
+    }
     void Unsubscribe(int Channel, fw::TObject* Owner) override;
     void SendData(int Channel, fw::TObject* Record) override;
     bool HasOwners() const;

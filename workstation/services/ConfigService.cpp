@@ -16,7 +16,9 @@ fw::Text TConfigService::ReadString(const fw::Text& Section, const fw::Text& Key
     return {};
 }
 
-int TConfigService::ReadInteger(const fw::Text& Section, const fw::Text& Key) { return fw::TextToIntDef(ReadString(Section, Key), 0); }
+int TConfigService::ReadInteger(const fw::Text& Section, const fw::Text& Key) {
+    return fw::TextToIntDef(ReadString(Section, Key), 0);
+}
 
 bool TConfigService::GetKeepColumnLayout() { return ReadString(kSectionWorkstation, kKeyKeepColumnLayout) != "0"; }
 

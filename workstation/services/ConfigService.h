@@ -14,7 +14,9 @@ class TConfigService : public fw::TCustomConfigManager {
 public:
     TConfigService(TStore& Store, const TSkinTable& Skins) : FStore(&Store), FSkins(Skins) {}
 
-    void AddConfigUpdateEvent(fw::TDataEvent Handler, fw::TObject* Owner) override { FEvents.Add(Owner, std::move(Handler)); }
+    void AddConfigUpdateEvent(fw::TDataEvent Handler, fw::TObject* Owner) override {
+        FEvents.Add(Owner, std::move(Handler));
+    }
     void RemoveConfigUpdateEvent(fw::TObject* Owner) override { FEvents.Remove(Owner); }
     fw::Text ReadString(const fw::Text& Section, const fw::Text& Key) override;
     int ReadInteger(const fw::Text& Section, const fw::Text& Key) override;
@@ -27,8 +29,8 @@ public:
     bool HasOwners() const { return !FEvents.IsEmpty(); }
 
 private:
-    TStore* FStore;             // borrowed
-    const TSkinTable& FSkins;   // borrowed
+    TStore* FStore;            // borrowed
+    const TSkinTable& FSkins;  // borrowed
     fw::Text FUser;
     fw::TOwnerRegistrations<fw::TObject*, fw::TObject*> FEvents;
 };

@@ -66,7 +66,8 @@ fw::Text TEditorService::GetGridColumnLayout(fw::TGridTableView* View, const fw:
     for (int i = 0; i < View->GetColumnCount(); ++i) {
         const auto* Column = View->GetColumn(i);
         if (!Result.empty()) Result += ';';
-        Result += std::to_string(Column->Tag) + ',' + std::to_string(Column->GetWidth()) + ',' + (Column->IsVisible() ? '1' : '0');
+        Result += std::to_string(Column->Tag) + ',' + std::to_string(Column->GetWidth()) + ',' +
+                  (Column->IsVisible() ? '1' : '0');
     }
     return Result;
 }

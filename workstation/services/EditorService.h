@@ -20,9 +20,11 @@ public:
     void RemoveAccountEditor(fw::TPopupEdit* Editor) override;
     void SetAccountLayoutAccount(fw::TPopupEdit* Editor, const fw::Text& Account) override;
     fw::Text GetConvertSymbol(const fw::Text& Typed) override { return FConverter(Typed); }
-    // "id,width,visible;id,width,visible;..." in the order of the columns. Unknown ids are passed over when it is applied.
+    // "id,width,visible;id,width,visible;..." in the order of the columns. Unknown ids are passed over when it is
+    // applied.
     fw::Text GetGridColumnLayout(fw::TGridTableView* View, const fw::TColumnInfoList* Columns) override;
-    void SetGridColumnLayout(fw::TGridTableView* View, const fw::Text& Layout, const fw::TColumnInfoList* Columns) override;
+    void SetGridColumnLayout(fw::TGridTableView* View, const fw::Text& Layout,
+                             const fw::TColumnInfoList* Columns) override;
 
     // The accounts of the user who is logged in, and the one that stands in a new editor (empty: none). Editors whose
     // account the user does not have are emptied.

@@ -26,9 +26,12 @@ fw::Text TFormatterService::FormatValue(double Value, uint8_t Kind, const fw::Te
     if (Kind == fw::kFormatQuantity) return fw::FloatToText(Value, kMaxDecimals, true);
     const auto Form = Symbol.empty() ? std::nullopt : FLookup(Symbol);
     if (!Form) return fw::FloatToText(Value, kMaxDecimals, true, kDefaultPriceDecimals);
-    return fw::FloatToText(Form->DisplayFactor ? Value * *Form->DisplayFactor : Value, kMaxDecimals, true, Form->Decimals);
+    return fw::FloatToText(Form->DisplayFactor ? Value * *Form->DisplayFactor : Value, kMaxDecimals, true,
+                           Form->Decimals);
 }
 
-fw::Text TFormatterService::FormatPrice(double Value, uint8_t, bool) { return fw::FloatToText(Value, ChartDecimals(Value), true); }
+fw::Text TFormatterService::FormatPrice(double Value, uint8_t, bool) {
+    return fw::FloatToText(Value, ChartDecimals(Value), true);
+}
 
 }  // namespace ws

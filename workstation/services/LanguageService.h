@@ -12,7 +12,8 @@ class TLanguageService : public fw::TCustomLanguageManager {
 public:
     explicit TLanguageService(const TTextTable& Texts) : FTexts(Texts) {}
 
-    void GetResourceString(fw::Text& Out, const fw::Text& Tag, const fw::Text& Key, int Kind, int Reserved, void* Extra) override;
+    void GetResourceString(fw::Text& Out, const fw::Text& Tag, const fw::Text& Key, int Kind, int Reserved,
+                           void* Extra) override;
     int GetLanguage() override { return FLanguage; }
 
     void SetLanguage(int Language);  // an index out of range counts as English

@@ -14,7 +14,9 @@ public:
 
     fw::Text GetSkinName() override { return FSkin; }
     fw::TColor GetSkinColor(int Index, const fw::Text& Key) override;  // red where the key holds no colour
-    void AddLookAndFeelChangedEvent(fw::TDataEvent Handler, fw::TObject* Owner) override { FEvents.Add(Owner, std::move(Handler)); }
+    void AddLookAndFeelChangedEvent(fw::TDataEvent Handler, fw::TObject* Owner) override {
+        FEvents.Add(Owner, std::move(Handler));
+    }
     void RemoveLookAndFeelChangedEvent(fw::TObject* Owner) override { FEvents.Remove(Owner); }
 
     // Announces the skin to every view.

@@ -82,7 +82,9 @@ fw::TCustomSeries* TMarketService::GetSeriesInfo(const fw::Text& Series) {
     return It == FSeries.end() ? nullptr : It->second.get();
 }
 
-int TMarketService::GetProductCount(const fw::Text& Exchange, const fw::Text& Series) { return CountIn(FProductsOf, TSeriesKey{Exchange, Series}); }
+int TMarketService::GetProductCount(const fw::Text& Exchange, const fw::Text& Series) {
+    return CountIn(FProductsOf, TSeriesKey{Exchange, Series});
+}
 
 fw::TCustomProduct* TMarketService::GetProduct(const fw::Text& Exchange, const fw::Text& Series, int Index) {
     const auto It = FProductsOf.find({Exchange, Series});
@@ -113,19 +115,22 @@ const TProductRow* TMarketService::FindProduct(const std::string& Symbol) const 
 const TSeriesRow* TMarketService::FindSeries(const std::string& Exchange, const std::string& Series) const {
     const auto It = FSeriesOf.find(Exchange);
     if (It == FSeriesOf.end()) return nullptr;
-    const auto Row = std::find_if(It->second.begin(), It->second.end(), [&](const TSeriesRow* R) { return R->Code == Series; });
+    const auto Row =
+        std::find_if(It->second.begin(), It->second.end(), [&](const TSeriesRow* R) { return R->Code == Series; });
     return Row == It->second.end() ? nullptr : *Row;
 }
 
 int TMarketService::ExchangeIndex(const std::string& Exchange) const {
-    const auto It = std::find_if(FMarket.Exchanges.begin(), FMarket.Exchanges.end(), [&](const auto& R) { return R.Code == Exchange; });
+    const auto It = std::find_if(FMarket.Exchanges.begin(), FMarket.Exchanges.end(),
+                                 [&](const auto& R) { return R.Code == Exchange; });
     return It == FMarket.Exchanges.end() ? INT_MAX : static_cast<int>(It - FMarket.Exchanges.begin());
 }
 
 int TMarketService::SeriesIndex(const std::string& Exchange, const std::string& Series) const {
     const auto It = FSeriesOf.find(Exchange);
     if (It == FSeriesOf.end()) return INT_MAX;
-    const auto Row = std::find_if(It->second.begin(), It->second.end(), [&](const TSeriesRow* R) { return R->Code == Series; });
+    const auto Row =
+        std::find_if(It->second.begin(), It->second.end(), [&](const TSeriesRow* R) { return R->Code == Series; });
     return Row == It->second.end() ? INT_MAX : static_cast<int>(Row - It->second.begin());
 }
 

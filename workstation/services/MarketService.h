@@ -22,7 +22,9 @@ public:
     TMarketService();
     ~TMarketService() override;
 
-    void AddExchangeUpdateHandler(fw::TDataEvent Handler, fw::TObject* Owner) override { FEvents.Add(Owner, std::move(Handler)); }
+    void AddExchangeUpdateHandler(fw::TDataEvent Handler, fw::TObject* Owner) override {
+        FEvents.Add(Owner, std::move(Handler));
+    }
     void RemoveExchangeUpdateHandler(fw::TObject* Owner) override { FEvents.Remove(Owner); }
     int GetExchangeCount() override;
     fw::Text GetExchangeCode(int Index) override;
@@ -43,9 +45,9 @@ public:
     bool HasOwners() const { return !FEvents.IsEmpty(); }
 
     const TMarketSet& Market() const { return FMarket; }
-    const TProductRow* FindProduct(const std::string& Symbol) const;   // null when not listed
+    const TProductRow* FindProduct(const std::string& Symbol) const;  // null when not listed
     const TSeriesRow* FindSeries(const std::string& Exchange, const std::string& Series) const;
-    int ExchangeIndex(const std::string& Exchange) const;              // listing order; unknown: behind all
+    int ExchangeIndex(const std::string& Exchange) const;  // listing order; unknown: behind all
     int SeriesIndex(const std::string& Exchange, const std::string& Series) const;
 
     // A symbol's data were asked for through RequestSymbol.
@@ -54,9 +56,9 @@ public:
 private:
     using TSeriesKey = std::pair<std::string, std::string>;
     TMarketSet FMarket;
-    std::unordered_map<std::string, std::unique_ptr<TMarketProduct>> FProducts;        // by symbol, also unlisted ones
-    std::map<std::string, std::unique_ptr<TMarketSeries>> FSeries;                     // by series code
-    std::map<std::string, std::vector<const TSeriesRow*>> FSeriesOf;                   // by exchange, listing order
+    std::unordered_map<std::string, std::unique_ptr<TMarketProduct>> FProducts;  // by symbol, also unlisted ones
+    std::map<std::string, std::unique_ptr<TMarketSeries>> FSeries;               // by series code
+    std::map<std::string, std::vector<const TSeriesRow*>> FSeriesOf;             // by exchange, listing order
     std::map<TSeriesKey, std::vector<TMarketProduct*>> FProductsOf;
     std::map<std::string, std::unique_ptr<fw::TCustomSpreadTable>> FSpreadTables;
     fw::TOwnerRegistrations<fw::TObject*, fw::TObject*> FEvents;

@@ -12,7 +12,8 @@ public:
     explicit TMessageBoxService(const TLanguageService& Language) : FLanguage(Language) {}
 
     void ShowMessageText(fw::TObject* Owner, const fw::Text& Message, int Kind, int Buttons, int Default) override;
-    void ShowMessageCode(fw::TObject* Owner, const fw::Text& Code, void* Reserved1, void* Reserved2, void* Reserved3) override;
+    void ShowMessageCode(fw::TObject* Owner, const fw::Text& Code, void* Reserved1, void* Reserved2,
+                         void* Reserved3) override;
 
     std::function<void(const fw::Text& Message)> OnShow;
 

@@ -13,7 +13,8 @@ std::unique_ptr<fw::TCustomClientOrder> TOrderService::CreateClientOrder() {
 
 int TOrderService::GetOrderOptionCount(const fw::Text& Exchange) {
     const auto& Rows = FMarket.Market().OrderOptions;
-    return static_cast<int>(std::count_if(Rows.begin(), Rows.end(), [&](const auto& R) { return R.Exchange == Exchange; }));
+    return static_cast<int>(
+        std::count_if(Rows.begin(), Rows.end(), [&](const auto& R) { return R.Exchange == Exchange; }));
 }
 
 fw::Text TOrderService::GetOrderOption(const fw::Text& Exchange, int Index) {
@@ -23,7 +24,9 @@ fw::Text TOrderService::GetOrderOption(const fw::Text& Exchange, int Index) {
 }
 
 fw::Text TOrderService::GetSideText(const fw::TCustomClientOrder& Order, bool) {
-    return Order.GetSide() == 0 ? FLanguage.Resource("Res_Side_Buy") : Order.GetSide() == 1 ? FLanguage.Resource("Res_Side_Sell") : fw::Text();
+    return Order.GetSide() == 0   ? FLanguage.Resource("Res_Side_Buy")
+           : Order.GetSide() == 1 ? FLanguage.Resource("Res_Side_Sell")
+                                  : fw::Text();
 }
 
 fw::Text TOrderService::GetRemarkText(const fw::TCustomClientOrder& Order) { return Order.GetExtValue("Remark"); }

@@ -10,7 +10,8 @@ namespace ws {
 // Orders before they are sent: creation, what an exchange offers, and their texts.
 class TOrderService : public fw::TCustomOrderAdapter {
 public:
-    TOrderService(const TMarketService& Market, const TLanguageService& Language) : FMarket(Market), FLanguage(Language) {}
+    TOrderService(const TMarketService& Market, const TLanguageService& Language)
+        : FMarket(Market), FLanguage(Language) {}
 
     std::unique_ptr<fw::TCustomClientOrder> CreateClientOrder() override;  // with a line id of its own
     int GetOrderOptionCount(const fw::Text& Exchange) override;
@@ -20,7 +21,7 @@ public:
     fw::Text GetOrderText(const fw::TCustomClientOrder& Order) override;
 
 private:
-    const TMarketService& FMarket;      // both borrowed
+    const TMarketService& FMarket;  // both borrowed
     const TLanguageService& FLanguage;
     int64_t FLastLineId = 0;
 };

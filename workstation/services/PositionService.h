@@ -20,7 +20,7 @@ public:
     void GetPositionList(const fw::Text& Account, fw::TPositionDictionary& Positions) override;
 
 private:
-    TStore& FStore;                      // both borrowed
+    TStore& FStore;  // both borrowed
     fw::TCustomSubscribeAdapter& FData;
     std::map<std::pair<std::string, std::string>, std::unique_ptr<TPositionRecord>> FRecords;  // by account and symbol
 };

@@ -6,7 +6,9 @@
 namespace ws {
 
 namespace {
-bool Holds(const std::vector<std::string>& List, const std::string& Entry) { return std::find(List.begin(), List.end(), Entry) != List.end(); }
+bool Holds(const std::vector<std::string>& List, const std::string& Entry) {
+    return std::find(List.begin(), List.end(), Entry) != List.end();
+}
 }  // namespace
 
 bool TProfileService::IsFunctionEnabled(const fw::Text& FunctionCode) { return Holds(FUser.Functions, FunctionCode); }

@@ -12,8 +12,12 @@ public:
     explicit TListedSpreadTable(const std::vector<TSpreadBandRow>& Bands) : FTable(Bands) {}
     int GetKind() const override { return FTable.Kind(); }
     double SnapPrice(double Price, int Direction) const override { return FTable.SnapPrice(Price, Direction); }
-    double StepUp(double Price, double& Upper, double& Lower) const override { return FTable.StepUp(Price, Upper, Lower); }
-    double StepDown(double Price, double& Upper, double& Lower) const override { return FTable.StepDown(Price, Upper, Lower); }
+    double StepUp(double Price, double& Upper, double& Lower) const override {
+        return FTable.StepUp(Price, Upper, Lower);
+    }
+    double StepDown(double Price, double& Upper, double& Lower) const override {
+        return FTable.StepDown(Price, Upper, Lower);
+    }
 
 private:
     TSpreadTable FTable;
@@ -21,7 +25,8 @@ private:
 
 }  // namespace
 
-std::map<std::string, std::unique_ptr<fw::TCustomSpreadTable>> MakeSpreadTables(const std::vector<TSpreadBandRow>& Bands) {
+std::map<std::string, std::unique_ptr<fw::TCustomSpreadTable>> MakeSpreadTables(
+    const std::vector<TSpreadBandRow>& Bands) {
     std::map<std::string, std::vector<TSpreadBandRow>> ByCode;
     for (const auto& Band : Bands) ByCode[Band.Code].push_back(Band);
     std::map<std::string, std::unique_ptr<fw::TCustomSpreadTable>> Result;

@@ -12,6 +12,7 @@
 namespace ws {
 
 // The price-step tables of the market by code, as views see them. Raises EMarketRefusal for bands that make no table.
-std::map<std::string, std::unique_ptr<fw::TCustomSpreadTable>> MakeSpreadTables(const std::vector<TSpreadBandRow>& Bands);
+std::map<std::string, std::unique_ptr<fw::TCustomSpreadTable>> MakeSpreadTables(
+    const std::vector<TSpreadBandRow>& Bands);
 
 }  // namespace ws

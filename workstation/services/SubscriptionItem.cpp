@@ -28,7 +28,9 @@ void TSubscriptionItem::SetText(int FieldId, const std::string& Value) {
     FFields[FieldId] = {Value, fw::TextToFloatDef(Value, 0.0)};
 }
 
-void TSubscriptionItem::SetValue(int FieldId, double Value) { FFields[FieldId] = {fw::FloatToShortestText(Value), Value}; }
+void TSubscriptionItem::SetValue(int FieldId, double Value) {
+    FFields[FieldId] = {fw::FloatToShortestText(Value), Value};
+}
 
 void TSubscriptionItem::Take(const TProductRow& Product, const TQuoteRow& Quote) {
     FFields.clear();

@@ -17,7 +17,9 @@ TSubscriptionItem& TSubscriptionService::ItemOf(const std::string& Symbol) {
     return *Item;
 }
 
-fw::TCustomSubItem* TSubscriptionService::GetSubItem(const fw::Text& Symbol, const fw::Text&, int) { return &ItemOf(Symbol); }
+fw::TCustomSubItem* TSubscriptionService::GetSubItem(const fw::Text& Symbol, const fw::Text&, int) {
+    return &ItemOf(Symbol);
+}
 
 void TSubscriptionService::Subscribe(fw::TCustomSubItem* Item, fw::TDataEvent Handler, fw::TObject* Owner) {
     const auto Symbol = Item->GetSymbol();

@@ -11,7 +11,9 @@ inline constexpr int kTimerPeriodMs = 100;
 // The shared tick; whoever runs the loop calls Tick every kTimerPeriodMs.
 class TTimerService : public fw::TCustomTimerControl {
 public:
-    void AddTimerEvent(fw::TObject* Owner, fw::TNotifyEvent Handler) override { FEvents.Add(Owner, std::move(Handler)); }
+    void AddTimerEvent(fw::TObject* Owner, fw::TNotifyEvent Handler) override {
+        FEvents.Add(Owner, std::move(Handler));
+    }
     void RemoveTimerEvent(fw::TObject* Owner) override { FEvents.Remove(Owner); }
     void Tick() { FEvents.Notify("timer", this); }
     bool HasOwners() const { return !FEvents.IsEmpty(); }

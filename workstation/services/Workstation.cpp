@@ -115,7 +115,8 @@ void TWorkstation::LoadMarket() {
     FLanguage.TakeNames(FMarket.Market());
     FShortCodes.clear();
     for (const auto& Row : FMarket.Market().Products)
-        if (const auto Code = Row.Attributes.find(kShortCode); Code != Row.Attributes.end()) FShortCodes.emplace(Code->second, Row.Symbol);
+        if (const auto Code = Row.Attributes.find(kShortCode); Code != Row.Attributes.end())
+            FShortCodes.emplace(Code->second, Row.Symbol);
 }
 
 void TWorkstation::ReloadMarket() {
@@ -127,15 +128,18 @@ void TWorkstation::ReloadMarket() {
 
 void TWorkstation::Tick() {
     FTimer.Tick();
-    if (++FTicks % kTicksPerMarketStep == 0) FSubscriptions.QuotesChanged(FWalk->Step(kTicksPerMarketStep * kTimerPeriodMs / 1000.0));
+    if (++FTicks % kTicksPerMarketStep == 0)
+        FSubscriptions.QuotesChanged(FWalk->Step(kTicksPerMarketStep * kTimerPeriodMs / 1000.0));
 }
 
 bool TWorkstation::SetUser(const std::string& Code) {
-    const auto User = std::find_if(FTrading.Users.begin(), FTrading.Users.end(), [&](const auto& R) { return R.Code == Code; });
+    const auto User =
+        std::find_if(FTrading.Users.begin(), FTrading.Users.end(), [&](const auto& R) { return R.Code == Code; });
     if (User == FTrading.Users.end()) return false;
     std::vector<TAccountRow> Accounts;
     for (const auto& AccountCode : User->Accounts) {
-        const auto It = std::find_if(FTrading.Accounts.begin(), FTrading.Accounts.end(), [&](const auto& R) { return R.Code == AccountCode; });
+        const auto It = std::find_if(FTrading.Accounts.begin(), FTrading.Accounts.end(),
+                                     [&](const auto& R) { return R.Code == AccountCode; });
         Accounts.push_back(It == FTrading.Accounts.end() ? TAccountRow{AccountCode, ""} : *It);
     }
     FProfile.SetUser(*User);
@@ -157,8 +161,9 @@ void TWorkstation::SetSkin(const std::string& Skin) {
     FConfig.Notify();
 }
 
-TImportReport TWorkstation::ImportChain(const std::filesystem::path& File, const TChainOptions& Options, bool SkipBadLines,
-                                        const TChainProgress& Reading, const TStoreProgress& Writing) {
+TImportReport TWorkstation::ImportChain(const std::filesystem::path& File, const TChainOptions& Options,
+                                        bool SkipBadLines, const TChainProgress& Reading,
+                                        const TStoreProgress& Writing) {
     auto Chain = ReadChainFile(File, Options, Reading);
     TImportReport Report;
     Report.BadLines = Chain.BadLines;
@@ -182,7 +187,8 @@ std::optional<TQuoteForm> TWorkstation::QuoteFormOf(const std::string& Symbol) c
     const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
     TQuoteForm Form{Series ? Series->Decimals : 2, Product->DisplayFactor};
     // A factor of 100 moves the point by two: as many decimals fewer.
-    for (double Factor = Form.DisplayFactor.value_or(1.0); Factor >= 10 && Form.Decimals > 0; Factor /= 10) --Form.Decimals;
+    for (double Factor = Form.DisplayFactor.value_or(1.0); Factor >= 10 && Form.Decimals > 0; Factor /= 10)
+        --Form.Decimals;
     return Form;
 }
 
@@ -193,8 +199,8 @@ std::string TWorkstation::ConvertSymbol(const std::string& Typed) const {
 }
 
 bool TWorkstation::HasOwners() const {
-    return FConfig.HasOwners() || FLookAndFeel.HasOwners() || FTimer.HasOwners() || FChannels.HasOwners() || FMarket.HasOwners() ||
-           FSubscriptions.HasOwners() || FEditors.HasEditors();
+    return FConfig.HasOwners() || FLookAndFeel.HasOwners() || FTimer.HasOwners() || FChannels.HasOwners() ||
+           FMarket.HasOwners() || FSubscriptions.HasOwners() || FEditors.HasEditors();
 }
 
 }  // namespace ws

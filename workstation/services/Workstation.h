@@ -35,7 +35,7 @@ struct TWorkstationOptions {
 struct TImportReport {
     TChainChanges Changes;
     std::vector<TBadLine> BadLines;
-    bool Applied = false;                // false: refused because of its bad lines
+    bool Applied = false;  // false: refused because of its bad lines
 };
 
 // The workstation without its windows: the store, the market, and every service of the framework installed for as long

@@ -14,7 +14,8 @@ using testing::IsEmpty;
 class CellEditorTest : public TGridFixture {
 protected:
     CellEditorTest() {
-        for (TcxEditProperties* Properties : {static_cast<TcxEditProperties*>(Combo), static_cast<TcxEditProperties*>(Quantity)})
+        for (TcxEditProperties* Properties :
+             {static_cast<TcxEditProperties*>(Combo), static_cast<TcxEditProperties*>(Quantity)})
             Properties->OnChange = [this](TObject* Sender) {
                 EXPECT_EQ(Sender, View.GetEditor());
                 Changes.push_back(View.GetEditor()->GetValue().AsText());
@@ -24,8 +25,10 @@ protected:
 };
 
 TEST_F(CellEditorTest, KnowsItsKind) {
-    const std::pair<int, EEditorKind> Cases[] = {{kSymbol, EEditorKind::Popup}, {kSide, EEditorKind::Combo},
-                                                 {kQuantity, EEditorKind::Spin}, {kMemo, EEditorKind::Plain}};
+    const std::pair<int, EEditorKind> Cases[] = {{kSymbol, EEditorKind::Popup},
+                                                 {kSide, EEditorKind::Combo},
+                                                 {kQuantity, EEditorKind::Spin},
+                                                 {kMemo, EEditorKind::Plain}};
     for (const auto& [Column, Kind] : Cases) {
         const TCellEditor* Editor = View.StartEdit(0, Column);
         ASSERT_NE(Editor, nullptr);
@@ -147,7 +150,9 @@ TEST_F(CellEditorTest, KeysAreToldToTheFormBeforeTheySpin) {
 }
 
 TEST_F(CellEditorTest, AKeyHandlerThatThrowsIsLoggedAndTheKeyStillWorks) {
-    View.OnEditKeyDown = [](TGridTableView&, TGridColumn&, TCellEditor&, int&, int) { throw std::runtime_error("key"); };
+    View.OnEditKeyDown = [](TGridTableView&, TGridColumn&, TCellEditor&, int&, int) {
+        throw std::runtime_error("key");
+    };
     TCellEditor* Editor = View.StartEdit(0, kQuantity);
     Editor->KeyDown(kKeyUp);
     EXPECT_EQ(Editor->GetValue(), Variant(1.0));
@@ -168,8 +173,14 @@ TEST_F(CellEditorTest, ChoosingAnItemTakesItsText) {
 }
 
 TEST_F(CellEditorTest, TypedTextFindsItsItem) {
-    struct TCase { const char* Typed; int Index; const char* Value; bool Refused; };
-    const TCase Cases[] = {{"Sell", 1, "Sell", false}, {"buy", 0, "Buy", false}, {"BUY", 2, "BUY", false}, {"S", -1, "", true}};
+    struct TCase {
+        const char* Typed;
+        int Index;
+        const char* Value;
+        bool Refused;
+    };
+    const TCase Cases[] = {
+        {"Sell", 1, "Sell", false}, {"buy", 0, "Buy", false}, {"BUY", 2, "BUY", false}, {"S", -1, "", true}};
     Combo->Items = {"Buy", "Sell", "BUY"};
     for (const auto& c : Cases) {
         SCOPED_TRACE(c.Typed);

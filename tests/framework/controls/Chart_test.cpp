@@ -126,10 +126,19 @@ TEST_F(ChartTest, AnInactiveSeriesDoesNotWidenTheRange) {
 
 TEST_F(ChartTest, TheLinesValueUnderTheMouse) {
     AddCall();
-    struct TCase { const char* Why; int Pixel; bool On; double X, Y; };
+    struct TCase {
+        const char* Why;
+        int Pixel;
+        bool On;
+        double X, Y;
+    };
     const TCase Cases[] = {
-        {"left end", 50, true, 90, -5},         {"flat part", 100, true, 95, -5}, {"the strike", 150, true, 100, -5},
-        {"rising part", 200, true, 105, 0},     {"right end", 250, true, 110, 5}, {"left of the plot", 40, false, -1, -1},
+        {"left end", 50, true, 90, -5},
+        {"flat part", 100, true, 95, -5},
+        {"the strike", 150, true, 100, -5},
+        {"rising part", 200, true, 105, 0},
+        {"right end", 250, true, 110, 5},
+        {"left of the plot", 40, false, -1, -1},
         {"right of the plot", 251, false, -1, -1},
     };
     for (const auto& c : Cases) {

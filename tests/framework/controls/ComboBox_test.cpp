@@ -23,10 +23,14 @@ protected:
 };
 
 TEST_F(ComboBoxTest, AnIndexThatItHasOrThatNoItemHasFiresNothing) {
-    struct TCase { const char* Why; int From, To, After; bool Fires; };
+    struct TCase {
+        const char* Why;
+        int From, To, After;
+        bool Fires;
+    };
     const TCase Cases[] = {
-        {"first choice", -1, 1, 1, true},     {"another item", 1, 2, 2, true}, {"the same again", 2, 2, 2, false},
-        {"beyond the last", 1, 3, 1, false},  {"below none", 1, -2, 1, false}, {"none", 1, -1, -1, true},
+        {"first choice", -1, 1, 1, true},         {"another item", 1, 2, 2, true}, {"the same again", 2, 2, 2, false},
+        {"beyond the last", 1, 3, 1, false},      {"below none", 1, -2, 1, false}, {"none", 1, -1, -1, true},
         {"none when none is", -1, -1, -1, false},
     };
     for (const auto& c : Cases) {

@@ -25,7 +25,11 @@ TEST_F(GridColumnTest, ColumnsStandInTheOrderOfTheirCreation) {
 }
 
 TEST_F(GridColumnTest, CellsMoveWithTheirColumn) {
-    struct TCase { const char* Why; int From, To; std::vector<int> Tags; };
+    struct TCase {
+        const char* Why;
+        int From, To;
+        std::vector<int> Tags;
+    };
     const TCase Cases[] = {
         {"to the right", 0, 3, {11, 103, 4, 0, 7, 27}}, {"back to the left", 3, 0, {0, 11, 103, 4, 7, 27}},
         {"to the end", 1, 5, {0, 103, 4, 7, 27, 11}},   {"from the end", 5, 1, {0, 11, 103, 4, 7, 27}},

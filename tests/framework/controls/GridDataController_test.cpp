@@ -12,13 +12,18 @@ using testing::IsEmpty;
 class GridDataControllerTest : public TGridFixture {
 protected:
     void NumberRecords() {
-        for (int Record = 0; Record < Data.GetRecordCount(); ++Record) Data.SetValue(Record, kMemo, std::to_string(Record));
+        for (int Record = 0; Record < Data.GetRecordCount(); ++Record)
+            Data.SetValue(Record, kMemo, std::to_string(Record));
     }
 };
 
 TEST_F(GridDataControllerTest, ReadsOutOfRangeAreNullAndWritesDoNothing) {
-    struct TCase { const char* Why; int Record, Column; };
-    const TCase Cases[] = {{"record below", -1, 0}, {"record beyond", 3, 0}, {"column below", 0, -1}, {"column beyond", 0, 6}};
+    struct TCase {
+        const char* Why;
+        int Record, Column;
+    };
+    const TCase Cases[] = {
+        {"record below", -1, 0}, {"record beyond", 3, 0}, {"column below", 0, -1}, {"column beyond", 0, 6}};
     int Told = 0;
     Links += View.OnCellChanged.Connect([&](int, int) { ++Told; });
     for (const auto& c : Cases) {
@@ -54,7 +59,8 @@ TEST_F(GridDataControllerTest, CellsKeepTheKindThatWasWritten) {
 
 TEST_F(GridDataControllerTest, ACellIsToldWhenItChanges) {
     TSteps Told;
-    Links += View.OnCellChanged.Connect([&](int R, int C) { Told.push_back(std::to_string(R) + "," + std::to_string(C)); });
+    Links +=
+        View.OnCellChanged.Connect([&](int R, int C) { Told.push_back(std::to_string(R) + "," + std::to_string(C)); });
     Data.SetValue(1, kMemo, "x");
     Data.SetValue(1, kMemo, "x");
     Data.SetValue(2, kSymbol, Variant());
@@ -75,10 +81,16 @@ TEST_F(GridDataControllerTest, DeletingMovesTheLaterRecordsUp) {
 }
 
 TEST_F(GridDataControllerTest, TheFocusMovesWithTheRecords) {
-    struct TCase { const char* Why; int Count, Focused, Deleted, After; };
+    struct TCase {
+        const char* Why;
+        int Count, Focused, Deleted, After;
+    };
     const TCase Cases[] = {
-        {"a later record", 3, 0, 2, 0},         {"an earlier record", 3, 2, 0, 1},  {"itself: the next takes its place", 3, 1, 1, 1},
-        {"itself, the last one", 3, 2, 2, 1},   {"itself, the only one", 1, 0, 0, -1},
+        {"a later record", 3, 0, 2, 0},
+        {"an earlier record", 3, 2, 0, 1},
+        {"itself: the next takes its place", 3, 1, 1, 1},
+        {"itself, the last one", 3, 2, 2, 1},
+        {"itself, the only one", 1, 0, 0, -1},
     };
     for (const auto& c : Cases) {
         SCOPED_TRACE(c.Why);

@@ -39,10 +39,15 @@ TEST_F(GridEditingTest, StartingAsksInOrderAndThenCopies) {
 }
 
 TEST_F(GridEditingTest, WhoDecidesWhetherACellMayBeEdited) {
-    struct TCase { const char* Why; bool Option; std::optional<bool> Handler; bool Enabled, Opens; };
+    struct TCase {
+        const char* Why;
+        bool Option;
+        std::optional<bool> Handler;
+        bool Enabled, Opens;
+    };
     const TCase Cases[] = {
-        {"no handler, option on", true, {}, true, true},  {"no handler, option off", false, {}, true, false},
-        {"the form allows", false, true, true, true},     {"the form refuses", true, false, true, false},
+        {"no handler, option on", true, {}, true, true}, {"no handler, option off", false, {}, true, false},
+        {"the form allows", false, true, true, true},    {"the form refuses", true, false, true, false},
         {"a disabled grid", true, true, false, false},
     };
     for (const auto& c : Cases) {
@@ -123,10 +128,15 @@ TEST_F(GridEditingTest, CancellingLeavesTheCell) {
 }
 
 TEST_F(GridEditingTest, TypedNumbersFollowTheRulesInEveryFloatColumn) {
-    struct TCase { const char* Typed; Variant After; bool Refused; };
+    struct TCase {
+        const char* Typed;
+        Variant After;
+        bool Refused;
+    };
     const TCase Cases[] = {
-        {"250", 250.0, false},   {"1,000", 1000.0, false}, {"", Variant(), false}, {" ", Variant(), false}, {"nan", 42.0, true},
-        {"inf", 42.0, true},     {"1e999", 42.0, true},    {"many", 42.0, true},   {"12,3", 42.0, true},
+        {"250", 250.0, false},   {"1,000", 1000.0, false}, {"", Variant(), false},
+        {" ", Variant(), false}, {"nan", 42.0, true},      {"inf", 42.0, true},
+        {"1e999", 42.0, true},   {"many", 42.0, true},     {"12,3", 42.0, true},
     };
     for (int Column : {static_cast<int>(kPremium), static_cast<int>(kQuantity), static_cast<int>(kStrike)}) {
         for (const auto& c : Cases) {
@@ -204,7 +214,8 @@ TEST_F(GridEditingTest, StartingElsewherePostsFirst) {
 }
 
 TEST_F(GridEditingTest, AListenerOfThePostedEditMayOpenTheNextEditor) {
-    Links += View.OnEdited.Connect([this](int Record, int Column, const Variant&, const Variant&) { View.StartEdit(Record + 1, Column); });
+    Links += View.OnEdited.Connect(
+        [this](int Record, int Column, const Variant&, const Variant&) { View.StartEdit(Record + 1, Column); });
     Type(0, kMemo, "first");
     View.PostEditor();
     ASSERT_NE(View.GetEditor(), nullptr);

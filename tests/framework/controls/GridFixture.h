@@ -30,7 +30,8 @@ protected:
         Data.SetRecordCount(3);
         Links += View.OnEditorChanged.Connect([this] { Editors.push_back(View.GetEditor() ? "open" : "closed"); });
         Links += View.OnEdited.Connect([this](int Record, int Column, const Variant& Typed, const Variant& Cell) {
-            Edits.push_back(std::to_string(Record) + "," + std::to_string(Column) + ": " + Typed.AsText() + " > " + Cell.AsText());
+            Edits.push_back(std::to_string(Record) + "," + std::to_string(Column) + ": " + Typed.AsText() + " > " +
+                            Cell.AsText());
         });
     }
 

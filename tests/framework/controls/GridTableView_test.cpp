@@ -12,18 +12,28 @@ using testing::IsEmpty;
 class GridTableViewTest : public TGridFixture {};
 
 TEST_F(GridTableViewTest, ACellShowsItsValuesPlainText) {
-    struct TCase { const char* Why; Variant Value; Text Shown; };
+    struct TCase {
+        const char* Why;
+        Variant Value;
+        Text Shown;
+    };
     const TCase Cases[] = {
-        {"text", "abc", "abc"},           {"blank", " ", " "},          {"whole number", 5, "5"},
-        {"float", 1.5, "1.5"},            {"a whole float", 100.0, "100"}, {"no noise", 0.1, "0.1"},
-        {"large", 1e15, "1000000000000000"}, {"null", Variant(), ""},
+        {"text", "abc", "abc"},
+        {"blank", " ", " "},
+        {"whole number", 5, "5"},
+        {"float", 1.5, "1.5"},
+        {"a whole float", 100.0, "100"},
+        {"no noise", 0.1, "0.1"},
+        {"large", 1e15, "1000000000000000"},
+        {"null", Variant(), ""},
     };
     for (const auto& c : Cases) {
         SCOPED_TRACE(c.Why);
         Data.SetValue(0, kStrike, c.Value);
         EXPECT_EQ(View.GetCellText(0, kStrike), c.Shown);
     }
-    for (const auto& [Record, Column] : {std::pair(-1, 0), {3, 0}, {0, -1}, {0, 6}}) EXPECT_EQ(View.GetCellText(Record, Column), "");
+    for (const auto& [Record, Column] : {std::pair(-1, 0), {3, 0}, {0, -1}, {0, 6}})
+        EXPECT_EQ(View.GetCellText(Record, Column), "");
 }
 
 TEST_F(GridTableViewTest, ANullCellShowsTheNullTextOfItsRowsEditor) {

@@ -11,13 +11,15 @@ namespace {
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
 TEST(ReadNumber, TakesFiniteNumbersWithinTheBounds) {
-    struct TCase { const char* Typed; std::optional<Variant> Read; };
+    struct TCase {
+        const char* Typed;
+        std::optional<Variant> Read;
+    };
     const TCase Cases[] = {
-        {"", Variant()},          {"   ", Variant()},        {"0", 0.0},          {"-10", -10.0},
-        {"1,234.5", 1234.5},      {" 7 ", 7.0},              {"1e2", 100.0},      {"nan", {}},
-        {"inf", {}},              {"-infinity", {}},         {"1e999", {}},       {"-1e999", {}},
-        {"ten", {}},              {"1 2", {}},               {"0x10", {}},        {"1.2.3", {}},
-        {"12,34", {}},            {"-11", {}},               {"2000.01", {}},     {"2000", 2000.0},
+        {"", Variant()}, {"   ", Variant()}, {"0", 0.0},  {"-10", -10.0},  {"1,234.5", 1234.5},
+        {" 7 ", 7.0},    {"1e2", 100.0},     {"nan", {}}, {"inf", {}},     {"-infinity", {}},
+        {"1e999", {}},   {"-1e999", {}},     {"ten", {}}, {"1 2", {}},     {"0x10", {}},
+        {"1.2.3", {}},   {"12,34", {}},      {"-11", {}}, {"2000.01", {}}, {"2000", 2000.0},
     };
     for (const auto& c : Cases) {
         SCOPED_TRACE(c.Typed);
@@ -27,7 +29,14 @@ TEST(ReadNumber, TakesFiniteNumbersWithinTheBounds) {
 }
 
 TEST(StepNumber, MovesByIncrementsWithinTheBounds) {
-    struct TCase { const char* Why; double From; int Steps; double Increment; std::optional<double> Min, Max; double Result; };
+    struct TCase {
+        const char* Why;
+        double From;
+        int Steps;
+        double Increment;
+        std::optional<double> Min, Max;
+        double Result;
+    };
     const TCase Cases[] = {
         {"up", 10, 2, 0.5, {}, {}, 11},
         {"down", 10, -3, 5, {}, {}, -5},

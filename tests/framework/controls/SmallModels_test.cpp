@@ -15,9 +15,8 @@ using testing::ElementsAre;
 TEST(HintController, ShowsMovesAndHides) {
     THintController Hint;
     TSteps Steps;
-    const auto Link = Hint.OnChanged.Connect([&] {
-        Steps.push_back(Hint.IsShown() ? Hint.GetText() + "@" + std::to_string(Hint.GetX()) : "hidden");
-    });
+    const auto Link = Hint.OnChanged.Connect(
+        [&] { Steps.push_back(Hint.IsShown() ? Hint.GetText() + "@" + std::to_string(Hint.GetX()) : "hidden"); });
     Hint.HideHint();
     Hint.ShowHint(10, 20, "X:1");
     Hint.ShowHint(10, 20, "X:1");

@@ -58,12 +58,16 @@ TEST_F(SpinEditTest, AProgramsValueReplacesTheTypedTextEvenWhenItIsTheSame) {
 }
 
 TEST_F(SpinEditTest, TypedTextIsPostedByTheNumberRules) {
-    struct TCase { const char* Typed; Variant After; bool Refused; };
+    struct TCase {
+        const char* Typed;
+        Variant After;
+        bool Refused;
+    };
     const TCase Cases[] = {
-        {"250", 250.0, false},     {"-3.5", -3.5, false},   {"1,234.5", 1234.5, false}, {" 8 ", 8.0, false},
-        {"1e3", 1000.0, false},    {"", Variant(), false},  {"  ", Variant(), false},   {"nan", 42.0, true},
-        {"inf", 42.0, true},       {"1e999", 42.0, true},   {"words", 42.0, true},      {"1,2,3", 42.0, true},
-        {"-10.01", 42.0, true},    {"5000.5", 42.0, true},  {"5000", 5000.0, false},    {"-10", -10.0, false},
+        {"250", 250.0, false},  {"-3.5", -3.5, false},  {"1,234.5", 1234.5, false}, {" 8 ", 8.0, false},
+        {"1e3", 1000.0, false}, {"", Variant(), false}, {"  ", Variant(), false},   {"nan", 42.0, true},
+        {"inf", 42.0, true},    {"1e999", 42.0, true},  {"words", 42.0, true},      {"1,2,3", 42.0, true},
+        {"-10.01", 42.0, true}, {"5000.5", 42.0, true}, {"5000", 5000.0, false},    {"-10", -10.0, false},
     };
     Edit.SetMinValue(-10.0);
     Edit.SetMaxValue(5000.0);
