@@ -219,7 +219,7 @@ TEST_F(TWorkstationTest, AnImportIsShownToEveryView) {
            "Sale,Net,Bid,Ask,"
            "Volume,IV,Delta,Gamma,Open Interest\n"
            "Fri Feb 17 "
-           "2023,ABC230217C00100000,3,0,2.9,3.1,0,0,0,0,0,100.00,ABC230217P00100000,1.5,0,1.4,1.6,0,0,0,0,0\n";
+           "2023,ABC230217C00100000,7.5,0,2.9,3.1,0,0,0,0,0,100.00,ABC230217P00100000,1.5,0,1.4,1.6,0,0,0,0,0\n";
     const auto Report = Station->ImportChain(File, {}, false);
     EXPECT_TRUE(Report.Applied);
     EXPECT_EQ(Report.Changes.Products.size(), 2u);
@@ -227,7 +227,7 @@ TEST_F(TWorkstationTest, AnImportIsShownToEveryView) {
     Station->Pump();
     EXPECT_EQ(Early.GetState(), fw::kItemReady) << "what was asked for is asked again";
     EXPECT_EQ(Early.GetFieldValue(fw::kFieldMultiplier), 100.0);
-    EXPECT_EQ(Early.GetFieldValue(fw::kFieldReferencePrice), 3.0);
+    EXPECT_EQ(Early.GetFieldValue(fw::kFieldReferencePrice), 3.0) << "the middle of bid and ask, not the last trade";
     Station->Market().RemoveExchangeUpdateHandler(&View);
     Station->Subscriptions().Unsubscribe(&Early, &View);
 
@@ -278,6 +278,22 @@ TEST_F(TWorkstationTest, PositionsComeWithTheirMarketData) {
     EXPECT_EQ(Positions["HSI27000L6"]->GetQty(), -3.0);
     EXPECT_EQ(Positions["HSI27000L6"]->GetSubItem(), &Item("HSI27000L6"));
     EXPECT_EQ(Positions["HSI27000L6"]->GetAvgPrice(), 352.0);
+}
+
+TEST_F(TWorkstationTest, APriceStepTableThatIsNoneIsNamedAndLeftOut) {
+    TMarketService Market;
+    TMarketSet Set;
+    Set.SpreadBands = {{"GOOD", 1, 0, 0.5}, {"GOOD", 1, 10, 1}, {"BAD", 1, 10, 1}, {"BAD", 1, 5, 1}};
+    Market.Load(std::move(Set));
+    EXPECT_EQ(Market.GetSpreadTable("BAD"), nullptr);
+    EXPECT_EQ(Logged, std::vector<fw::Text>{"Res_SpreadTableOrder"});
+    ASSERT_TRUE(Market.GetSpreadTable("GOOD"));
+    EXPECT_EQ(Market.GetSpreadTable("GOOD")->SnapPrice(10, 1), 11.0);
+    EXPECT_EQ(Market.GetSpreadTable("GOOD")->SnapPrice(10, -1), 9.5);
+    double Upper = 0.0, Lower = 0.0;
+    EXPECT_EQ(Market.GetSpreadTable("GOOD")->StepUp(3, Upper, Lower), 0.5);
+    EXPECT_EQ(Upper, 10.0);
+    EXPECT_EQ(Lower, 0.0);
 }
 
 TEST_F(TWorkstationTest, OrderOptionsComeByExchange) {

@@ -3,6 +3,7 @@
 
 #include "framework/market/Product.h"
 #include "workstation/market/MarketRows.h"
+#include "workstation/market/SpreadTable.h"
 
 namespace ws {
 
@@ -36,6 +37,22 @@ public:
     fw::Text GetNameForLanguage2() const override { return Row.NameHans; }
 
     TSeriesRow Row;
+};
+
+class TListedSpreadTable : public fw::TCustomSpreadTable {
+public:
+    explicit TListedSpreadTable(TSpreadTable Table) : FTable(std::move(Table)) {}
+    int GetKind() const override { return FTable.Kind(); }
+    double SnapPrice(double Price, int Direction) const override { return FTable.SnapPrice(Price, Direction); }
+    double StepUp(double Price, double& Upper, double& Lower) const override {
+        return FTable.StepUp(Price, Upper, Lower);
+    }
+    double StepDown(double Price, double& Upper, double& Lower) const override {
+        return FTable.StepDown(Price, Upper, Lower);
+    }
+
+private:
+    TSpreadTable FTable;
 };
 
 }  // namespace ws

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <climits>
 
+#include "framework/base/Log.h"
 #include "workstation/services/MarketRecords.h"
-#include "workstation/services/SpreadTables.h"
 
 namespace ws {
 
@@ -35,9 +35,8 @@ TMarketService::TMarketService() = default;
 TMarketService::~TMarketService() = default;
 
 void TMarketService::Load(TMarketSet Market) {
-    auto Tables = MakeSpreadTables(Market.SpreadBands);
     FMarket = std::move(Market);
-    FSpreadTables = std::move(Tables);
+    LoadSpreadTables();
     FSeriesOf.clear();
     FProductsOf.clear();
     for (auto& [Symbol, Product] : FProducts) Product->Listed = false;
@@ -55,6 +54,14 @@ void TMarketService::Load(TMarketSet Market) {
         Product->Listed = true;
         FProductsOf[{Row.Exchange, Row.Series}].push_back(Product.get());
     }
+}
+
+void TMarketService::LoadSpreadTables() {
+    TSpreadTables Tables(FMarket.SpreadBands);
+    for (const auto& Reason : Tables.Refused) fw::TLog::Warning(Reason.Key, Reason.Args);
+    FSpreadTables.clear();
+    for (auto& [Code, Table] : Tables.ByCode)
+        FSpreadTables[Code] = std::make_unique<TListedSpreadTable>(std::move(Table));
 }
 
 int TMarketService::GetExchangeCount() { return static_cast<int>(FMarket.Exchanges.size()); }

@@ -38,7 +38,7 @@ public:
     fw::TCustomSpreadTable* GetSpreadTable(const fw::Text& Code) override;
     void RequestSymbol(const fw::Text& Symbol) override;
 
-    // Takes the market over. Raises EMarketRefusal for a price-step table that is none; the former market stays then.
+    // Takes the market over. A price-step table that is none is named in the log; its contracts have no table then.
     void Load(TMarketSet Market);
     // Tells every view that the lists changed.
     void NotifyListsChanged() { FEvents.Notify("market lists", this, nullptr); }
@@ -54,6 +54,7 @@ public:
     std::function<void(const fw::Text& Symbol)> OnRequestSymbol;
 
 private:
+    void LoadSpreadTables();
     using TSeriesKey = std::pair<std::string, std::string>;
     TMarketSet FMarket;
     std::unordered_map<std::string, std::unique_ptr<TMarketProduct>> FProducts;  // by symbol, also unlisted ones

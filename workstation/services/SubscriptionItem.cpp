@@ -5,14 +5,6 @@
 
 namespace ws {
 
-std::optional<double> ReferencePrice(const TQuoteRow& Quote) {
-    if (Quote.Last) return Quote.Last;
-    if (Quote.Bid && Quote.Ask) return (*Quote.Bid + *Quote.Ask) / 2;
-    if (Quote.Bid) return Quote.Bid;
-    if (Quote.Ask) return Quote.Ask;
-    return Quote.PreviousSettlement;
-}
-
 fw::Text TSubscriptionItem::GetFieldText(int FieldId) const {
     const auto It = FFields.find(FieldId);
     return It == FFields.end() ? fw::Text() : It->second.Shown;
@@ -32,9 +24,9 @@ void TSubscriptionItem::SetValue(int FieldId, double Value) {
     FFields[FieldId] = {fw::FloatToShortestText(Value), Value};
 }
 
-void TSubscriptionItem::Take(const TProductRow& Product, const TQuoteRow& Quote) {
+void TSubscriptionItem::Take(const TProductRow& Product, std::optional<double> Price) {
     FFields.clear();
-    if (const auto Price = ReferencePrice(Quote)) SetValue(fw::kFieldReferencePrice, *Price);
+    if (Price) SetValue(fw::kFieldReferencePrice, *Price);
     SetText(fw::kFieldExchange, Product.Exchange);
     SetText(fw::kFieldProductType, std::to_string(Product.ProductType));
     SetText(fw::kFieldCurrency, Product.Currency);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 
 #include "framework/market/SubItem.h"
 #include "workstation/market/MarketRows.h"
@@ -19,8 +20,8 @@ public:
     double GetFieldValue(int FieldId) const override;
     bool HasField(int FieldId) const override { return FFields.count(FieldId) != 0; }
 
-    // Contract and price are known: the item is ready.
-    void Take(const TProductRow& Product, const TQuoteRow& Quote);
+    // Contract and price (none: nothing was quoted) are known: the item is ready.
+    void Take(const TProductRow& Product, std::optional<double> Price);
     // The market lists no such contract.
     void TakeNothing();
 
@@ -36,8 +37,5 @@ private:
     int FState = fw::kItemUnknown;
     std::map<int, TField> FFields;
 };
-
-// Last price, else the middle of bid and ask, else the one that is there, else yesterday's settlement.
-std::optional<double> ReferencePrice(const TQuoteRow& Quote);
 
 }  // namespace ws

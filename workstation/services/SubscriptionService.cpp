@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "workstation/market/QuotePrice.h"
 #include "workstation/services/SubscriptionItem.h"
 
 namespace ws {
@@ -47,7 +48,8 @@ void TSubscriptionService::Answer(const std::string& Symbol) {
     if (const auto* Product = FMarket.FindProduct(Symbol)) {
         const auto* Quote = FQuotes.QuoteOf(Symbol);
         if (!Quote) return;  // comes later, or never
-        Item.Take(*Product, *Quote);
+        const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
+        Item.Take(*Product, ReferencePrice(*Quote, Series && Series->Imported));
     } else {
         Item.TakeNothing();
     }

@@ -6,7 +6,6 @@
 #include "framework/base/Clock.h"
 #include "framework/base/Numbers.h"
 #include "workstation/market/MarketDay.h"
-#include "workstation/market/SymbolForms.h"
 
 namespace ws {
 
@@ -16,7 +15,6 @@ constexpr const char* kSection = "Workstation";
 constexpr const char* kKeyUser = "User";
 constexpr const char* kKeyLanguage = "Language";
 constexpr const char* kKeySkin = "Skin";
-constexpr const char* kShortCode = "ShortCode";
 constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
 constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
 
@@ -53,7 +51,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
                           const auto* Quote = FWalk->QuoteOf(Symbol);
                           return Quote && !Quote->Time.empty() ? Quote : nullptr;
                       }}),
-      FEditors([this](const fw::Text& Typed) { return ConvertSymbol(Typed); }),
+      FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
       FPositions(*FStore, FSubscriptions),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
@@ -113,10 +111,7 @@ void TWorkstation::LoadMarket() {
     FMarket.Load(FStore->LoadMarket());
     FTrading = FStore->LoadTrading();
     FLanguage.TakeNames(FMarket.Market());
-    FShortCodes.clear();
-    for (const auto& Row : FMarket.Market().Products)
-        if (const auto Code = Row.Attributes.find(kShortCode); Code != Row.Attributes.end())
-            FShortCodes.emplace(Code->second, Row.Symbol);
+    FSymbols = TSymbolConverter(FMarket.Market().Products);
 }
 
 void TWorkstation::ReloadMarket() {
@@ -190,12 +185,6 @@ std::optional<TQuoteForm> TWorkstation::QuoteFormOf(const std::string& Symbol) c
     for (double Factor = Form.DisplayFactor.value_or(1.0); Factor >= 10 && Form.Decimals > 0; Factor /= 10)
         --Form.Decimals;
     return Form;
-}
-
-std::string TWorkstation::ConvertSymbol(const std::string& Typed) const {
-    auto Symbol = ConvertSymbolForm(Typed);
-    const auto It = FShortCodes.find(Symbol);
-    return It == FShortCodes.end() ? Symbol : It->second;
 }
 
 bool TWorkstation::HasOwners() const {

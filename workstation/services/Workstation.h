@@ -6,6 +6,7 @@
 
 #include "workstation/market/ChainStore.h"
 #include "workstation/market/QuoteWalk.h"
+#include "workstation/market/SymbolForms.h"
 #include "workstation/services/ChannelService.h"
 #include "workstation/services/ConfigService.h"
 #include "workstation/services/EditorService.h"
@@ -90,13 +91,12 @@ private:
     void Install();
     void Uninstall();
     std::optional<TQuoteForm> QuoteFormOf(const std::string& Symbol) const;
-    std::string ConvertSymbol(const std::string& Typed) const;
 
     std::filesystem::path FSampleFolder;
     std::vector<TStoreNotice> FNotices;
     std::unique_ptr<TStore> FStore;
     TTradingSet FTrading;
-    std::map<std::string, std::string> FShortCodes;  // numeric code -> symbol
+    TSymbolConverter FSymbols{{}};
     TLoopQueue FQueue;
     int FTicks = 0;
 
