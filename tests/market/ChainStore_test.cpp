@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <ctime>
 #include <sstream>
 
 #include "tests/market/ChainSupport.h"
@@ -74,8 +73,8 @@ TEST(ChainStore, ARefusedChainLeavesTheStoreFree) {
     EXPECT_NO_THROW(ws::TStoreTransaction Transaction(*Store));
 }
 
-// 20,000 lines from text to committed rows, in processor time: the machine may be doing something else as well.
-TEST(ChainStore, TwentyThousandLinesInTime) {
+// A chain of 20,000 lines, from text to committed rows, with its progress.
+TEST(ChainStore, TwentyThousandLines) {
     std::string Text =
         "Big,Last: 500\nDate: March 6, 2024 at 5:15 PM EST\nCalls,Last Sale,Bid,Ask,Strike,Puts,Last Sale,Bid,Ask\n";
     char Line[160];
@@ -87,7 +86,6 @@ TEST(ChainStore, TwentyThousandLinesInTime) {
         }
     const auto Store = ws::TStore::CreateInMemory();
     std::vector<std::size_t> Reports;
-    const std::clock_t Start = std::clock();
     std::istringstream Stream(Text);
     const ws::TChainFile Chain = ws::ReadChain(Stream, "big.csv");
     const ws::TChainChanges Changes =
@@ -96,17 +94,10 @@ TEST(ChainStore, TwentyThousandLinesInTime) {
             Reports.push_back(Done);
             return true;
         });
-    const double Took = static_cast<double>(std::clock() - Start) / CLOCKS_PER_SEC;
     EXPECT_EQ(Changes.Products.size(), 40000u);
     EXPECT_EQ(Changes.NewSeries.size(), 20u);
     EXPECT_EQ(Reports.size(), 80u);
     EXPECT_EQ(Reports.back(), 80000u);
-    RecordProperty("seconds", std::to_string(Took));
-#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__)
-    EXPECT_LT(Took, 2.0);
-#else
-    EXPECT_LT(Took, 20.0) << "checked or not optimised";
-#endif
 }
 
 }  // namespace
