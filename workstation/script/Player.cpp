@@ -14,6 +14,8 @@ namespace ws {
 
 namespace {
 
+constexpr int kTypedKey = 0;  // any key but those that spin
+
 bool NamesItem(const fw::Text& Item, const std::string& Value) {
     return Item == Value || Item.starts_with(Value + "(");
 }
@@ -27,6 +29,7 @@ int ColumnWithTag(const fw::TGridTableView& View, int Tag) {
 // Types into the open editor; false when the editor does not take the value.
 bool Fill(fw::TCellEditor& Editor, const TStep& Step) {
     if (Step.Action == TStep::EAction::Cell && !Editor.IsCombo()) {
+        Editor.KeyDown(kTypedKey);  // so that the view takes it for typing, not for the wheel
         Editor.SetEditText(Step.Value);
         return !Editor.IsRefused();
     }
