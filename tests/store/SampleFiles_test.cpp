@@ -103,7 +103,7 @@ const TBadLine kBadLines[] = {
     {"order-options.csv", "E,Open", kLineTwice, {"E Open"}},
     {"price-steps.csv", "T,1,5,0", kLineOutOfRange, {"Step", "0"}},
     {"price-steps.csv", "T,1,five,1", kLineNotNumber, {"From", "five"}},
-    {"series.csv", "E,R,a,b,c,XXX,100,0.2,2", kLineUnknownCode, {"Currency", "XXX"}},
+    {"series.csv", "E,R,a,b,c,QQQ,100,0.2,2", kLineUnknownCode, {"Currency", "QQQ"}},
     {"series.csv", "E,R,a,b,c,HKD,,0.2,2", kLineEmpty, {"UnderlyingLast"}},
     {"series.csv", "E,R,a,b,c,HKD,inf,0.2,2", kLineNotNumber, {"UnderlyingLast", "inf"}},
     {"series.csv", "E,R,a,b,c,HKD,1e5,0.2,2", kLineNotNumber, {"UnderlyingLast", "1e5"}},

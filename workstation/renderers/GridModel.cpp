@@ -5,7 +5,7 @@
 #include <QFont>
 #include <QPalette>
 
-#include "workstation/renderers/ColumnIds.h"
+#include "framework/data/ColumnIds.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/renderers/SymbolMarks.h"
 #include "workstation/resources/Skins.h"
@@ -44,13 +44,13 @@ int TGridModel::rowCount(const QModelIndex& Parent) const { return Parent.isVali
 int TGridModel::columnCount(const QModelIndex& Parent) const { return Parent.isValid() || !FView ? 0 : FColumns; }
 
 bool TGridModel::IsMarked(const QModelIndex& Index) const {
-    return FView->GetColumn(Index.column())->Tag == kColumnSymbol &&
+    return FView->GetColumn(Index.column())->Tag == fw::kColumnSymbol &&
            SymbolMark(FView->GetDataController().GetValue(Index.row(), Index.column()).AsText()) != ESymbolMark::None;
 }
 
 QVariant TGridModel::ToolTip(const QModelIndex& Index) const {
     const fw::Text Shown = FView->GetCellText(Index.row(), Index.column());
-    if (FView->GetColumn(Index.column())->Tag == kColumnSymbol) {
+    if (FView->GetColumn(Index.column())->Tag == fw::kColumnSymbol) {
         const QString Hint = SymbolMarkHint(SymbolMark(Shown), Shown, FContext);
         if (!Hint.isEmpty()) return Hint;
     }

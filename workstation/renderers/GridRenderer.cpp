@@ -6,7 +6,7 @@
 #include <QPainter>
 
 #include "framework/base/FlagGuard.h"
-#include "workstation/renderers/ColumnIds.h"
+#include "framework/data/ColumnIds.h"
 #include "workstation/renderers/ColumnWidths.h"
 #include "workstation/renderers/FocusBridge.h"
 #include "workstation/renderers/QtText.h"
@@ -224,7 +224,7 @@ void TGridRenderer::LookAtMarks() {
     if (!FView || !isVisible()) return;
     int Column = -1;
     for (int i = 0; i < FView->GetColumnCount() && Column < 0; ++i)
-        if (FView->GetColumn(i)->Tag == kColumnSymbol) Column = i;
+        if (FView->GetColumn(i)->Tag == fw::kColumnSymbol) Column = i;
     std::vector<ESymbolMark> Now;
     for (int Row = 0; Column >= 0 && Row < FModel->rowCount(); ++Row)
         Now.push_back(SymbolMark(FView->GetDataController().GetValue(Row, Column).AsText()));

@@ -12,7 +12,7 @@
 #include <QToolTip>
 
 #include "framework/base/Dispatch.h"
-#include "workstation/renderers/ColumnIds.h"
+#include "framework/data/ColumnIds.h"
 #include "workstation/renderers/ColumnWidths.h"
 #include "workstation/renderers/FocusBridge.h"
 #include "workstation/renderers/GridModel.h"
@@ -143,7 +143,7 @@ void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, co
     QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
     QColor Ink = palette().color(QPalette::Text);
     const QColor Background = Row == FCurrent ? FContext.Color("coAlternateBase") : palette().color(QPalette::Base);
-    if (Each.Tag == kColumnProfitLoss) {
+    if (Each.Tag == fw::kColumnProfitLoss) {
         const double Value = fw::DispatchValue<double>(
             "GetValue", 0.0, [&] { return FView->GetDataController().GetValue(Row, Column).AsFloat(0.0); });
         if (Value != 0.0 && std::isfinite(Value)) {

@@ -6,7 +6,7 @@
 #include "framework/controls/Chart.h"
 #include "framework/controls/ComboBox.h"
 #include "framework/controls/GridTableView.h"
-#include "workstation/renderers/ColumnIds.h"
+#include "framework/data/ColumnIds.h"
 
 namespace ws {
 
@@ -28,7 +28,7 @@ bool LacksChoice(fw::TFrame& Frame) {
 
 int SymbolColumn(const fw::TGridTableView& Grid) {
     for (int i = 0; i < Grid.GetColumnCount(); ++i)
-        if (Grid.GetColumn(i)->Tag == kColumnSymbol && Grid.GetColumn(i)->Editing) return i;
+        if (Grid.GetColumn(i)->Tag == fw::kColumnSymbol && Grid.GetColumn(i)->Editing) return i;
     return -1;
 }
 
