@@ -2,9 +2,11 @@
 #include "view/VentiqCellEditing.h"
 
 #include "engine/VentiqMarketData.h"
+#include "framework/base/FlagGuard.h"
 #include "framework/base/Numbers.h"
 #include "framework/services/MarketAdapter.h"
 #include "registration/VentiqConstDef.h"
+#include "view/VentiqPriceStepping.h"
 
 namespace ventiq {
 
@@ -88,6 +90,72 @@ void TVentiqCellEditing::PrepareChoices(int ColumnId, const Text& Symbol,
     if (!Combo) return;
     Combo->Items.clear();
     for (const auto& Key : FFlags.FFlagKeys.Items()) Combo->Items.push_back(GetResourceHeader(Key));
+}
+
+void TVentiqCellEditing::PositionGridViewEditKeyDown(TGridTableView&, TGridColumn& Column, TCellEditor&, int& Key,
+                                                     int) {
+    const bool Arrow = Key == kKeyUp || Key == kKeyDown;
+    if (Column.Tag == kColQty) {
+        FQtyKeyTyped = true;
+        if (Arrow) FQtyArrowKey = true;
+    } else if (Column.Tag == kColPremium) {
+        FPriceKeyTyped = true;
+        if (Arrow) FPriceArrowKey = true;
+    }
+}
+
+void TVentiqCellEditing::QuantityChange(TObject* Sender) {
+    auto* Editor = dynamic_cast<TCellEditor*>(Sender);
+    const bool Spun = FQtyArrowKey || !FQtyKeyTyped;
+    if (Spun && !FQtyUpdating && Editor && Editor->IsSpin()) {
+        FQtyArrowKey = false;
+        CutQuantity(*Editor);
+    }
+    FQtyKeyTyped = false;
+}
+
+void TVentiqCellEditing::CutQuantity(TCellEditor& Editor) {
+    const int Row = FForm.PositionGridView.GetFocusedRecord();
+    if (Editor.GetValue().IsNull() || Row < 0 || FGrid.GetCell(Row, kColSymbol).IsNull()) return;
+    if (const auto Cut = CutToLots(Editor.GetValue().AsFloat(0.0), LotOf(FGrid.GetSymbol(Row))))
+        Correct(Editor, FQtyUpdating, Row, kColQty, *Cut);
+}
+
+void TVentiqCellEditing::PriceChange(TObject* Sender) {
+    auto* Editor = dynamic_cast<TCellEditor*>(Sender);
+    if (!Editor || !Editor->IsSpin() || FPriceUpdating) return;
+    const bool Spun = FPriceArrowKey || !FPriceKeyTyped;
+    FPriceArrowKey = FPriceKeyTyped = false;
+    const int Row = FForm.PositionGridView.GetFocusedRecord();
+    if (Row >= 0) MovePremium(*Editor, Row, Spun);
+}
+
+void TVentiqCellEditing::MovePremium(TCellEditor& Editor, int Row, bool Spun) {
+    const auto Known = [Row](const std::map<int, double>& Prices) {
+        const auto Found = Prices.find(Row);
+        return Found == Prices.end() ? std::nullopt : std::optional(Found->second);
+    };
+    const Text Symbol = FGrid.GetSymbol(Row);
+    const TPriceMoved Moved =
+        MovePrice({GetRealPriceValue(Editor.GetValue().AsFloat(0.0), Symbol), Spun, Known(FPriceBandUpper),
+                   Known(FPriceBandLower), Known(FLastPrice), Symbol.empty() ? nullptr : BandTableOf(Symbol)});
+    if (Moved.NewBand) {
+        if (auto* Spin = PropertiesOf<TcxSpinEditProperties>(kColPremium))
+            Spin->Increment = GetDisplayPriceValue(Moved.NewBand->Step, Symbol);
+        FPriceBandUpper[Row] = Moved.NewBand->Upper;
+        FPriceBandLower[Row] = Moved.NewBand->Lower;
+    }
+    if (Moved.Corrected) Correct(Editor, FPriceUpdating, Row, kColPremium, GetDisplayPriceValue(Moved.Price, Symbol));
+    FLastPrice[Row] = Moved.Price;
+}
+
+void TVentiqCellEditing::Correct(TCellEditor& Editor, bool& Updating, int Row, int ColumnId, double Value) {
+    {
+        const TFlagGuard Guard(Updating, EGuardEnd::Clear);
+        Editor.SetValue(Value);
+        Editor.SetCaretToEnd();
+    }
+    FGrid.SetCell(Row, ColumnId, Value);
 }
 
 double TVentiqCellEditing::RealPremium(int Row, const Text& Symbol) const {

@@ -8,7 +8,8 @@
 
 namespace ventiq {
 
-// Which cell of the position grid may be edited now, how its editor is prepared, and what its choices do to the cell.
+// Which cell of the position grid may be edited now, how its editor is prepared, and what a change in it does to the
+// cell. Edits change cells only: legs are read from the grid by Calculate and Submit.
 class TVentiqCellEditing {
 public:
     TVentiqCellEditing(TVentiqForm& Form, TVentiqContext& Context, TVentiqPositionGrid& Grid, TVentiqOrderFlags& Flags)
@@ -21,6 +22,15 @@ public:
 
     // Asked before any cell enters editing; prepares spin steps and lists of the cell's column.
     void PositionGridViewEditing(TGridTableView& View, TGridColumn& Column, bool& Allow);
+
+    // Remembers whether the change that follows is typed or spun by an arrow key. No key at all: buttons, wheel, mouse.
+    // Deliberate: any key counts as typing, and the memory stays until the next change.
+    void PositionGridViewEditKeyDown(TGridTableView& View, TGridColumn& Column, TCellEditor& Editor, int& Key,
+                                     int Shift);
+
+    // A spun quantity is cut to whole lots, a spun premium walks along the symbol's price steps. What is typed stays.
+    void QuantityChange(TObject* Sender);
+    void PriceChange(TObject* Sender);
 
     // A choice in a combo cell goes to the focused row's cell at once.
     void epiSidePropertiesChange(TObject* Sender);
@@ -36,6 +46,10 @@ private:
     // Init fills the flag keys that the symbol offers.
     void PrepareChoices(int ColumnId, const Text& Symbol, void (TVentiqOrderFlags::*Init)(const Text&));
     double RealPremium(int Row, const Text& Symbol) const;
+    void CutQuantity(TCellEditor& Editor);
+    void MovePremium(TCellEditor& Editor, int Row, bool Spun);
+    // Shows a corrected value in the editor and the cell; the change this makes is the handler's own.
+    void Correct(TCellEditor& Editor, bool& Updating, int Row, int ColumnId, double Value);
     template <class T>
     T* PropertiesOf(int ColumnId) const;
     void WriteChoice(TObject* Sender, int ColumnId);
@@ -44,6 +58,8 @@ private:
     TVentiqContext& FContext;
     TVentiqPositionGrid& FGrid;
     TVentiqOrderFlags& FFlags;
+    bool FQtyKeyTyped = false, FQtyArrowKey = false, FPriceKeyTyped = false, FPriceArrowKey = false;
+    bool FQtyUpdating = false, FPriceUpdating = false;
 };
 
 }  // namespace ventiq

@@ -3,42 +3,9 @@
 
 #include "framework/services/MessageBoxCtrl.h"
 #include "registration/VentiqConstDef.h"
+#include "view/VentiqLegRows.h"
 
 namespace ventiq {
-
-namespace {
-
-// What one row of the grid says about a leg; premium in display units.
-struct TRow {
-    Text Symbol;
-    int Side = kSideUnknown;
-    double Premium = 0.0;
-    double Quantity = 0.0;
-};
-
-int SideOf(const Text& Shown, const std::vector<Text>& Items) {
-    for (const int Side : {kSideBuy, kSideSell})
-        if (static_cast<size_t>(Side) < Items.size() && Shown == Items[static_cast<size_t>(Side)]) return Side;
-    return kSideUnknown;
-}
-
-TRow ReadRow(const TVentiqForm& Form, int Record) {
-    TRow Row;
-    const auto& View = Form.PositionGridView;
-    for (int Index = 0; Index < View.GetColumnCount(); ++Index) {
-        const Variant Cell = View.GetDataController().GetValue(Record, Index);
-        switch (View.GetColumn(Index)->Tag) {
-            case kColSymbol: Row.Symbol = Trim(Cell.AsText()); break;
-            case kColSide: Row.Side = SideOf(Cell.AsText(), Form.epiSide.Items); break;
-            case kColPremium: Row.Premium = Cell.AsFloat(0.0); break;
-            case kColQty: Row.Quantity = Cell.AsFloat(0.0); break;
-            default: break;  // the rest of a leg comes from market data
-        }
-    }
-    return Row;
-}
-
-}  // namespace
 
 void TVentiqRangeInputs::InitEditors() {
     for (auto* Editor : {&FForm.edtDown, &FForm.edtUp, &FForm.edtInterval}) Editor->SetDisplayFormat(kRangeFormat);
@@ -62,13 +29,9 @@ void TVentiqRangeInputs::btnCalcClick(TObject*) {
     Control->Calculate();
 }
 
-// Loaded rows count as typed ones do. A row without symbol or with a side that is neither text is no leg.
 void TVentiqRangeInputs::AddLegs(TCustomVentiqDataControl& Control) {
-    for (int Record = 0; Record < FGrid.GetRecordCount(); ++Record) {
-        const TRow Row = ReadRow(FForm, Record);
-        if (Row.Symbol.empty() || Row.Side < 0) continue;
+    for (const TLegRow& Row : ReadLegRows(FForm))
         Control.AddRecord(Row.Symbol, Row.Side, GetRealPriceValue(Row.Premium, Row.Symbol), Row.Quantity);
-    }
 }
 
 void TVentiqRangeInputs::edtDownExit(TObject*) {

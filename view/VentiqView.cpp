@@ -82,6 +82,9 @@ void TVentiqFrame::WirePositionGrid() {
     View.OnEditing = [this](TGridTableView& Of, TGridColumn& Column, bool& Allow) {
         FCellEditing.PositionGridViewEditing(Of, Column, Allow);
     };
+    View.OnEditKeyDown = [this](TGridTableView& Of, TGridColumn& Column, TCellEditor& Editor, int& Key, int Shift) {
+        FCellEditing.PositionGridViewEditKeyDown(Of, Column, Editor, Key, Shift);
+    };
     View.OnGetContentStyle = [this](int Row, TGridColumn& Column) {
         return FPositionGrid.PositionGridViewStylesGetContentStyle(Row, Column);
     };
@@ -93,6 +96,8 @@ void TVentiqFrame::WirePositionGrid() {
     FPositionGrid.OnSelectSymbol = [this](TObject* Sender, TObject* Data) {
         FSymbolEntry.HandleSelectSymbol(Sender, Data);
     };
+    FPositionGrid.OnQuantityChange = [this](TObject* Sender) { FCellEditing.QuantityChange(Sender); };
+    FPositionGrid.OnPriceChange = [this](TObject* Sender) { FCellEditing.PriceChange(Sender); };
     FPositionGrid.OnOpenCloseChange = [this](TObject* Sender) { FCellEditing.OpenCloseChange(Sender); };
     FPositionGrid.OnPrincipalChange = [this](TObject* Sender) { FCellEditing.PrincipalChange(Sender); };
 }
@@ -115,7 +120,10 @@ void TVentiqFrame::CreateDataControl() {
     auto& Control = *FContext.FMyDataControl;
     Control.SetOnMarketListUpdate([this](TObject* Sender) { FSelectors.MarketListUpdate(Sender); });
     Control.SetDetailControl(FDetailGrid.GetDataControl());
-    Control.SetOnDataUpdate([this](TObject* Sender) { FChart.DataChanged(Sender); });
+    Control.SetOnDataUpdate([this](TObject* Sender) {
+        FResultNote.Calculated();
+        FChart.DataChanged(Sender);
+    });
     Control.SetOnUpdateDefaultPrice([this](TObject* Sender) { FRangeInputs.UpdateDefaultPrice(Sender); });
 }
 
@@ -126,8 +134,10 @@ void TVentiqFrame::FollowLookAndFeel() {
 }
 
 void TVentiqFrame::FollowHost() {
-    TCustomTimerControl::GetInstance().AddTimerEvent(this,
-                                                     [this](TObject* Sender) { FPositionGrid.TimerEvent(Sender); });
+    TCustomTimerControl::GetInstance().AddTimerEvent(this, [this](TObject* Sender) {
+        FPositionGrid.TimerEvent(Sender);
+        FResultNote.Check();
+    });
     TCustomConfigManager::GetInstance().AddConfigUpdateEvent(
         [this](TObject* Sender, TObject* Data) { FConfig.ConfigUpdate(Sender, Data); }, this);
     auto& Channels = TCustomGlobalChannelManager::GetInstance();

@@ -9,6 +9,7 @@
 #include "view/VentiqMarketSelectors.h"
 #include "view/VentiqPayoffChart.h"
 #include "view/VentiqRangeInputs.h"
+#include "view/VentiqResultNote.h"
 #include "view/VentiqSubscriptions.h"
 #include "view/VentiqSymbolCheck.h"
 #include "view/VentiqSymbolEntry.h"
@@ -65,6 +66,7 @@ private:
     TVentiqRangeInputs FRangeInputs{FForm, FContext, FPositionGrid};
     TVentiqSymbolEntry FSymbolEntry{FForm, FContext, FPositionGrid, FTexts, FFlags, FSymbolCheck, FSubscriptions};
     TVentiqCellEditing FCellEditing{FForm, FContext, FPositionGrid, FFlags};
+    TVentiqResultNote FResultNote{FForm, FContext, *this};
     TVentiqLayoutData FLayoutData{FForm, FPositionGrid};
 };
 

@@ -15,4 +15,10 @@ bool TFrame::SetCustomData(int, TObject*) { return false; }
 TCaptionButtonList* TFrame::GetViewCaptionButtons() { return nullptr; }
 TImageList* TFrame::GetViewCaptionButtonImageList() { return nullptr; }
 
+void TFrame::SetStaleSince(std::optional<TClock::TTimePoint> Calculated) {
+    if (Calculated == FStaleSince) return;
+    FStaleSince = Calculated;
+    OnStaleChanged();
+}
+
 }  // namespace fw

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "framework/base/Clock.h"
 #include "framework/controls/Control.h"
 #include "framework/controls/HintController.h"
 #include "framework/controls/ImageList.h"
@@ -39,8 +40,15 @@ public:
     virtual TCaptionButtonList* GetViewCaptionButtons();
     virtual TImageList* GetViewCaptionButtonImageList();
 
+    // When the results on show were calculated, while the inputs on show differ from theirs; none: they belong
+    // together. The host says so in the title.
+    std::optional<TClock::TTimePoint> GetStaleSince() const { return FStaleSince; }
+    void SetStaleSince(std::optional<TClock::TTimePoint> Calculated);
+    TSignal<> OnStaleChanged;
+
 private:
     TFocusScope FControls;
+    std::optional<TClock::TTimePoint> FStaleSince;
 };
 
 }  // namespace fw

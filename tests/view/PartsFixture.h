@@ -67,11 +67,16 @@ protected:
         };
         Grid.OnSideChange = [this](TObject* S) { Editing.epiSidePropertiesChange(S); };
         Grid.OnSidePopup = [this](TObject* S) { Editing.epiSidePropertiesPopup(S); };
+        Grid.OnQuantityChange = [this](TObject* S) { Editing.QuantityChange(S); };
+        Grid.OnPriceChange = [this](TObject* S) { Editing.PriceChange(S); };
         Grid.OnOpenCloseChange = [this](TObject* S) { Editing.OpenCloseChange(S); };
         Grid.OnPrincipalChange = [this](TObject* S) { Editing.PrincipalChange(S); };
         Subscriptions.OnReCheckSymbol = [this](const Text& S) { Entry.ReCheckSymbol(S); };
         Form.PositionGridView.OnEditing = [this](TGridTableView& V, TGridColumn& C, bool& A) {
             Editing.PositionGridViewEditing(V, C, A);
+        };
+        Form.PositionGridView.OnEditKeyDown = [this](TGridTableView& V, TGridColumn& C, TCellEditor& E, int& K, int S) {
+            Editing.PositionGridViewEditKeyDown(V, C, E, K, S);
         };
         Grid.InitializeGrid();
         Grid.SetRecordCount(1);

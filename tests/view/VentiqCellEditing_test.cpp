@@ -185,4 +185,166 @@ TEST_F(TCellEditing, PricesStayWithTheirRowNumbersWhenRowsGo) {
     EXPECT_EQ(Editing.FPriceBandLower, Lower);
 }
 
+// Spinning and typing in the open editors, as keys and buttons do it.
+class TSpinning : public TCellEditing {
+protected:
+    TSpinning() {
+        SelectMarket();
+        Grid.SetRecordCount(2);
+        Grid.SetCell(0, kColSymbol, "HSIC110");
+    }
+    TCellEditor& Open(int Id, const Variant& Cell) {
+        Form.PositionGridView.CancelEdit();
+        Grid.SetCell(0, Id, Cell);
+        auto* Editor = Form.PositionGridView.StartEdit(0, ColumnIndex(Id));
+        EXPECT_NE(Editor, nullptr);
+        return *Editor;
+    }
+    static void Type(TCellEditor& Editor, const Text& Typed) {
+        for (size_t Length = 1; Length <= Typed.size(); ++Length) {
+            Editor.KeyDown(Typed[Length - 1]);
+            Editor.SetEditText(Typed.substr(0, Length));
+        }
+    }
+    Variant Cell(int Id) { return Grid.GetCell(0, Id); }
+};
+
+TEST_F(TSpinning, ASpunQuantityIsCutToLotsAndWrittenAtOnce) {
+    auto& Editor = Open(kColQty, 250);
+    Editor.KeyDown(kKeyUp);
+    EXPECT_EQ(Editor.GetValue(), Variant(300.0)) << "350 cut to three lots";
+    EXPECT_EQ(Cell(kColQty), Variant(300.0));
+    EXPECT_TRUE(Editor.IsCaretAtEnd());
+    Editor.KeyDown(kKeyDown);
+    EXPECT_EQ(Editor.GetValue(), Variant(200.0));
+    EXPECT_EQ(Cell(kColQty), Variant(300.0)) << "whole lots are written when the editor is left";
+}
+
+TEST_F(TSpinning, ButtonsAndWheelCutAQuantityToo) {
+    auto& Editor = Open(kColQty, 250);
+    Editor.Spin(-1);
+    EXPECT_EQ(Editor.GetValue(), Variant(100.0)) << "150 cut to one lot";
+    EXPECT_EQ(Cell(kColQty), Variant(100.0));
+}
+
+TEST_F(TSpinning, ATypedQuantityIsNeverCut) {
+    auto& Editor = Open(kColQty, 100);
+    Type(Editor, "250");
+    EXPECT_EQ(Editor.GetValue(), Variant(250.0));
+    Form.PositionGridView.PostEditor();
+    EXPECT_EQ(Cell(kColQty), Variant(250.0));
+    EXPECT_EQ(Cell(kColSymbol), Variant("HSIC110"));
+}
+
+TEST_F(TSpinning, PastingWithoutAKeyCountsAsSpinning) {
+    auto& Editor = Open(kColQty, 100);
+    Editor.SetEditText("250");
+    EXPECT_EQ(Editor.GetValue(), Variant(200.0));
+}
+
+TEST_F(TSpinning, AKeyThatChangesNothingMakesTheNextSpinCountAsTyped) {
+    constexpr int kTab = 9;
+    auto& Editor = Open(kColQty, 250);
+    Editor.KeyDown(kTab);
+    Editor.Spin(1);
+    EXPECT_EQ(Editor.GetValue(), Variant(350.0)) << "not cut";
+    Editor.Spin(1);
+    EXPECT_EQ(Editor.GetValue(), Variant(400.0)) << "450 cut: the memory went with the change";
+}
+
+TEST_F(TSpinning, AnEmptyQuantityOrASymbolThatIsNullEndsWithoutAChange) {
+    auto& Editor = Open(kColQty, 250);
+    Editor.SetEditText("");
+    EXPECT_TRUE(Editor.GetValue().IsNull());
+    Grid.SetCell(0, kColSymbol, Variant());
+    Editor.SetEditText("7.5");
+    EXPECT_EQ(Editor.GetValue(), Variant(7.5));
+}
+
+TEST_F(TSpinning, ALotTextOfZeroIsALotOfOne) {
+    dynamic_cast<support::TFakeProduct*>(Host.Market.GetProductBySymbol("HSIC110"))->LotSize = "0";
+    auto& Editor = Open(kColQty, 2.5);
+    Editor.Spin(1);
+    EXPECT_EQ(Editor.GetValue(), Variant(3.0)) << "3.5 cut to whole ones";
+}
+
+TEST_F(TSpinning, ALotFromMarketDataCutsWhatNoProductDescribes) {
+    Host.Subscriptions.Item("UNLISTED").Set(kFieldLotSize, "25");
+    Grid.SetCell(0, kColSymbol, "UNLISTED");
+    auto& Editor = Open(kColQty, 30);
+    Editor.KeyDown(kKeyUp);
+    EXPECT_EQ(Editor.GetValue(), Variant(50.0));
+}
+
+TEST_F(TSpinning, ASpunPremiumWalksAlongTheBands) {
+    auto& Editor = Open(kColPremium, 48.0);
+    const double Expected[] = {49, 50, 52, 54};
+    for (const double Price : Expected) {
+        Editor.KeyDown(kKeyUp);
+        EXPECT_EQ(Editor.GetValue(), Variant(Price));
+        EXPECT_EQ(Cell(kColPremium), Variant(Price)) << "written at once";
+        EXPECT_EQ(Editing.FLastPrice.at(0), Price);
+    }
+    EXPECT_EQ(Increment(kColPremium), 2.0);
+    EXPECT_EQ(Editing.FPriceBandLower.at(0), 50.0);
+    const double Back[] = {52, 50, 49, 48};
+    for (const double Price : Back) {
+        Editor.KeyDown(kKeyDown);
+        EXPECT_EQ(Editor.GetValue(), Variant(Price));
+    }
+    EXPECT_EQ(Increment(kColPremium), 1.0);
+    EXPECT_EQ(Editing.FPriceBandUpper.at(0), 50.0);
+}
+
+TEST_F(TSpinning, AnOddPremiumIsSpunToTheNextValidOne) {
+    auto& Editor = Open(kColPremium, 20.37);
+    Editor.Spin(1);
+    EXPECT_EQ(Editor.GetValue(), Variant(21.0));
+}
+
+TEST_F(TSpinning, ATypedPremiumIsTakenAsTypedAndItsBandWithIt) {
+    auto& Editor = Open(kColPremium, 20.0);
+    Type(Editor, "61.37");
+    EXPECT_EQ(Editor.GetValue(), Variant(61.37));
+    EXPECT_EQ(Increment(kColPremium), 2.0);
+    EXPECT_EQ(Editing.FLastPrice.at(0), 61.37);
+    Editor.KeyDown(kKeyDown);
+    EXPECT_EQ(Editor.GetValue(), Variant(60.0));
+    Form.PositionGridView.PostEditor();
+    EXPECT_EQ(Cell(kColPremium), Variant(60.0));
+}
+
+TEST_F(TSpinning, StepsAreShownInTheUnitOfTheEditor) {
+    Host.Subscriptions.Item("HSIC110").Set(kFieldDisplayFactor, 100.0);
+    auto& Editor = Open(kColPremium, 900.0);
+    Editor.KeyDown(kKeyUp);
+    EXPECT_EQ(Editor.GetValue(), Variant(950.0)) << "9 to 9.5 in real prices";
+    Editor.KeyDown(kKeyUp);
+    Editor.KeyDown(kKeyUp);
+    EXPECT_EQ(Editor.GetValue(), Variant(1100.0));
+    EXPECT_EQ(Increment(kColPremium), 100.0);
+    EXPECT_EQ(Editing.FLastPrice.at(0), 11.0);
+}
+
+TEST_F(TSpinning, APremiumOfARowWithoutTableStaysAsSpun) {
+    Grid.SetCell(0, kColSymbol, "HSIP110");
+    auto& Editor = Open(kColPremium, 20.37);
+    Editor.KeyDown(kKeyUp);
+    EXPECT_EQ(Editor.GetValue(), Variant(21.37));
+    EXPECT_EQ(Cell(kColPremium), Variant(20.37)) << "written when the editor is left";
+    EXPECT_DOUBLE_EQ(Editing.FLastPrice.at(0), 21.37);
+    Grid.SetCell(0, kColSymbol, Variant());
+    auto& Bare = Open(kColPremium, Variant());
+    Bare.Spin(1);
+    EXPECT_EQ(Bare.GetValue(), Variant(1.0));
+    EXPECT_EQ(Editing.FLastPrice.at(0), 1.0);
+}
+
+TEST_F(TSpinning, KeysInOtherColumnsAreNotRemembered) {
+    Open(kColSymbol, "HSIC110").KeyDown('H');
+    auto& Editor = Open(kColQty, 250);
+    Editor.Spin(1);
+    EXPECT_EQ(Editor.GetValue(), Variant(300.0));
+}
+
 }  // namespace ventiq

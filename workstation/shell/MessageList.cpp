@@ -4,7 +4,6 @@
 #include <array>
 
 #include <QApplication>
-#include <QDateTime>
 #include <QStyle>
 
 #include "workstation/renderers/QtText.h"
@@ -25,11 +24,6 @@ constexpr std::array kLevels{TLevelLook{"Res_LevelInfo", "coAccent", QStyle::SP_
 constexpr std::array kHeaders{"Res_MessageTime", "Res_MessageLevel", "Res_MessageText"};
 
 const TLevelLook& LookOf(fw::ELogLevel Level) { return kLevels[static_cast<size_t>(Level)]; }
-
-QString TimeText(fw::TClock::TTimePoint Time) {
-    const auto Milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(Time.time_since_epoch()).count();
-    return QDateTime::fromMSecsSinceEpoch(Milliseconds).toString(QStringLiteral("HH:mm:ss"));
-}
 
 }  // namespace
 
@@ -54,7 +48,7 @@ QVariant TMessageList::data(const QModelIndex& Index, int Role) const {
         return QApplication::style()->standardIcon(LookOf(Message.Entry.Level).Icon);
     if (Role == Qt::ToolTipRole && Index.column() == kText) return ToQt(FSentence(Message.Entry));
     if (Role != Qt::DisplayRole) return {};
-    if (Index.column() == kTime) return TimeText(Message.Time);
+    if (Index.column() == kTime) return ClockText(Message.Time);
     return Index.column() == kLevel ? LevelText(Message.Entry.Level) : ToQt(FSentence(Message.Entry));
 }
 

@@ -96,10 +96,11 @@ TViewDock::TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Conte
     connect(this, &QDockWidget::topLevelChanged, this, [this](bool Floats) {
         if (Floats && FDefaultSize.isValid()) resize(FDefaultSize);
     });
-    FSkinLink = Context.OnSkinChanged.Connect([this] {
+    FLinks += Context.OnSkinChanged.Connect([this] {
         FTitle->Retranslate();
         UpdateButtons();
     });
+    if (fw::TFrame* Opened = Frame()) FLinks += Opened->OnStaleChanged.Connect([this] { UpdateCaption(); });
     UpdateCaption();
     UpdateButtons();
 }
@@ -109,8 +110,12 @@ TViewDock::~TViewDock() { CloseInstance(); }
 void TViewDock::UpdateCaption() {
     fw::Text Caption;
     if (!FView.GetViewCaption(FHandle, Caption) || Caption.empty()) FView.GetDefaultCaption(Caption);
-    setWindowTitle(ToQt(Caption));
-    FTitle->SetCaption(ToQt(Caption));
+    QString Shown = ToQt(Caption);
+    const fw::TFrame* Shows = Frame();
+    if (const auto Calculated = Shows ? Shows->GetStaleSince() : std::nullopt)
+        Shown = FContext.Translate("Res_TitleStale", {Caption, FromQt(ClockText(*Calculated))});
+    setWindowTitle(Shown);
+    FTitle->SetCaption(Shown);
 }
 
 void TViewDock::UpdateButtons() {

@@ -72,7 +72,7 @@ private:
     TDockTitleBar* FTitle;
     TFrameRenderer* FRenderer = nullptr;
     QSize FDefaultSize;
-    fw::TConnection FSkinLink;
+    fw::TConnections FLinks;
 };
 
 }  // namespace ws

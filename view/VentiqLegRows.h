@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "view/VentiqForm.h"
+
+namespace ventiq {
+
+// What a row of the position grid says about a leg; the premium in display units. Side is a number and not a text, so
+// equal legs stay equal when the language changes.
+struct TLegRow {
+    Text Symbol;
+    int Side = 0;
+    double Premium = 0.0;
+    double Quantity = 0.0;
+    bool operator==(const TLegRow&) const = default;
+};
+
+// The rows that are legs, loaded ones as well as typed ones, in grid order. A row without symbol or with a side that is
+// neither text is none.
+std::vector<TLegRow> ReadLegRows(const TVentiqForm& Form);
+
+}  // namespace ventiq
