@@ -14,6 +14,7 @@
 #include "tests/gui/TestFrame.h"
 #include "tests/support/FakeHost.h"
 #include "workstation/renderers/GridRenderer.h"
+#include "workstation/renderers/QtText.h"
 #include "workstation/shell/MissingHint.h"
 #include "workstation/shell/ViewDocks.h"
 
@@ -63,6 +64,22 @@ TEST_F(DocksTest, AViewOpensInADockWithItsCaptionAndButtons) {
     EXPECT_EQ(View->OpenViews(), std::vector<int64_t>{Dock->Handle()});
     ASSERT_EQ(Dock->TitleBar().Buttons().size(), 2u);
     EXPECT_FALSE(Dock->TitleBar().Buttons()[0]->icon().isNull());
+}
+
+TEST_F(DocksTest, TheTitleSaysSinceWhenTheResultsDifferFromTheInputs) {
+    Host.Language.SetText("Res_TitleStale", "%1, changed after %2");
+    Host.Language.SetText(1, Const::ResourceStringTag, "Res_TitleStale", "%1, ge\u00e4ndert nach %2");
+    ws::TViewDock& Dock = *Docks.Open(*View);
+    const fw::TClock::TTimePoint Calculated{std::chrono::hours(40)};
+    FrameOf(Dock).SetStaleSince(Calculated);
+    const QString Time = ws::ClockText(Calculated);
+    EXPECT_EQ(Dock.windowTitle(), "Payoff, changed after " + Time);
+    EXPECT_EQ(Dock.TitleBar().Caption().text(), Dock.windowTitle());
+    Host.Language.Language = 1;
+    Dock.Retranslate();
+    EXPECT_EQ(Dock.windowTitle(), QString::fromUtf8("Ertrag, ge\u00e4ndert nach ") + Time);
+    FrameOf(Dock).SetStaleSince(std::nullopt);
+    EXPECT_EQ(Dock.windowTitle(), "Ertrag");
 }
 
 TEST_F(DocksTest, ACaptionButtonReachesTheViewAndItsNotificationTheTitleBar) {
