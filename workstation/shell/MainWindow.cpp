@@ -25,6 +25,10 @@ constexpr char kSettingSection[] = "Shell";
 constexpr char kSettingStarted[] = "FirstStartDone";
 constexpr char kShowHintIcon[] = "show-hint";
 
+void LogNotice(const TStoreNotice& Notice) {
+    fw::TLog::Write(Notice.Warning ? fw::ELogLevel::Warning : fw::ELogLevel::Info, Notice.Key, Notice.Args);
+}
+
 }  // namespace
 
 TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
@@ -70,7 +74,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     connect(&FRunTimer, &QTimer::timeout, this, [this] { PollRun(); });
     connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
     FHintTimer.start(kHintMs);
-    for (const TStoreNotice& Notice : Workstation.Notices()) fw::TLog::Info(Notice.Key, Notice.Args);
+    for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
     SetSkin(Workstation.LookAndFeel().GetSkinName());
     setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
@@ -223,7 +227,7 @@ void TMainWindow::ImportFile(const QString& File) {
 void TMainWindow::ResetSample() {
     if (!FDialogs->Ask(this, FContext.Translate("Res_ResetMarketAsk"))) return;
     try {
-        for (const TStoreNotice& Notice : FWorkstation.ResetSample()) fw::TLog::Info(Notice.Key, Notice.Args);
+        for (const TStoreNotice& Notice : FWorkstation.ResetSample()) LogNotice(Notice);
         fw::TLog::Info("Res_ResetMarketDone");
     } catch (const EStoreError& Error) {
         fw::TLog::Error(Error.Key(), Error.Args());
