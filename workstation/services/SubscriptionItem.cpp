@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/services/SubscriptionItem.h"
 
+#include <iterator>
+
 #include "framework/base/Numbers.h"
 
 namespace ws {
@@ -38,7 +40,19 @@ void TSubscriptionItem::Take(const TProductRow& Product, std::optional<double> P
     SetText(fw::kFieldSeries, Product.Series);
     if (Product.Multiplier) SetValue(fw::kFieldMultiplier, *Product.Multiplier);
     if (Product.DisplayFactor) SetValue(fw::kFieldDisplayFactor, *Product.DisplayFactor);
+    TakeOwnFields(Product);
     FState = fw::kItemReady;
+}
+
+// What the market data state on their own comes last, and wins.
+void TSubscriptionItem::TakeOwnFields(const TProductRow& Product) {
+    for (const auto& [Name, Value] : Product.Attributes) {
+        if (!Name.starts_with(kAttributeField)) continue;
+        const auto Field = fw::TextToInt(Name.substr(std::size(kAttributeField) - 1));
+        if (!Field) continue;
+        FFields.erase(*Field);
+        SetText(*Field, Value);
+    }
 }
 
 void TSubscriptionItem::TakeNothing() {

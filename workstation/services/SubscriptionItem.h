@@ -26,6 +26,7 @@ public:
     void TakeNothing();
 
 private:
+    void TakeOwnFields(const TProductRow& Product);
     void SetText(int FieldId, const std::string& Value);  // an empty text leaves the field without value
     void SetValue(int FieldId, double Value);
 
