@@ -306,6 +306,26 @@ TEST_F(TWorkstationTest, APriceStepTableThatIsNoneIsNamedAndLeftOut) {
     EXPECT_EQ(Lower, 0.0);
 }
 
+TEST_F(TWorkstationTest, ARefusedPriceStepTableIsToldWithFileAndLine) {
+    auto Edited = Options();
+    Edited.SampleFolder = Folder / "sample";
+    std::filesystem::copy(VENTIQ_SAMPLE_FOLDER, Edited.SampleFolder);
+    std::ofstream(Edited.SampleFolder / "price-steps.csv", std::ios::app) << "FX5,1,0,1\n";
+    Station = std::make_unique<TWorkstation>(Edited);
+    ASSERT_EQ(Station->Notices().size(), 1u);
+    const auto& Notice = Station->Notices()[0];
+    EXPECT_TRUE(Notice.Warning);
+    const fw::Text Said = Station->Language().Resource(Notice.Key, Notice.Args);
+    EXPECT_TRUE(Said.starts_with("price-steps.csv, line " + Notice.Args[1] + ": ")) << Said;
+    EXPECT_NE(Said.find("FX5"), fw::Text::npos);
+    auto* Product = Station->Market().GetProductBySymbol("EURZ26");
+    ASSERT_TRUE(Product) << "listed all the same";
+    EXPECT_EQ(Product->GetSpreadCode(), "FX5");
+    EXPECT_EQ(Station->Market().GetSpreadTable("FX5"), nullptr);
+    EXPECT_TRUE(Station->Market().GetSpreadTable("FX4"));
+    EXPECT_TRUE(Logged.empty());
+}
+
 // The sample's contracts that a view meets in another way than most.
 TEST_F(TWorkstationTest, WhatTheMarketDataSayOnTheirOwn) {
     Open();
