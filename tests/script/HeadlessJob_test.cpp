@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/script/JobFixture.h"
+#include "workstation/market/MonthCode.h"
 #include "workstation/script/StrategyRun.h"
 
 namespace ws {

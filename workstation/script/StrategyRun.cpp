@@ -9,6 +9,7 @@
 #include "framework/data/ColumnIds.h"
 #include "framework/services/EditorManager.h"
 #include "framework/services/SubscribeAdapter.h"
+#include "workstation/market/MonthCode.h"
 
 namespace ws {
 
@@ -30,15 +31,6 @@ std::string SymbolAt(const fw::TGridTableView& View, int Row) {
 }
 
 }  // namespace
-
-std::string MonthCodeOf(const TProductRow& Product) {
-    std::string Code = Product.ExpiryDate.substr(0, 7);
-    std::replace(Code.begin(), Code.end(), '/', '-');
-    const auto Tag = Product.Attributes.find("WeeklyOptionExp");
-    const bool Weekly =
-        Tag != Product.Attributes.end() && !fw::Trim(Tag->second).empty() && fw::SameText(Product.Exchange, "HKFE");
-    return Weekly ? Code + "-" + fw::Trim(Tag->second) : Code;
-}
 
 TStrategyRun::TStrategyRun(fw::TFrame& Frame, const TMarketService& Market, TStrategy Strategy, TWait Patience)
     : FFrame(Frame), FMarket(Market), FStrategy(std::move(Strategy)), FPatience(Patience), FPlayer(Frame) {}
