@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/services/SubscriptionItem.h"
 
+#include <cmath>
 #include <iterator>
 
 #include "framework/base/Numbers.h"
@@ -53,6 +54,13 @@ void TSubscriptionItem::TakeOwnFields(const TProductRow& Product) {
         FFields.erase(*Field);
         SetText(*Field, Value);
     }
+}
+
+void TSubscriptionItem::TakeQuote(const TQuoteRow& Quote, std::optional<std::chrono::system_clock::time_point> At) {
+    if (Quote.Bid) SetValue(fw::kFieldBid, *Quote.Bid);
+    if (Quote.Ask) SetValue(fw::kFieldAsk, *Quote.Ask);
+    if (Quote.Last) SetValue(fw::kFieldLast, *Quote.Last);
+    if (At) SetValue(fw::kFieldQuoteTime, std::floor(std::chrono::duration<double>(At->time_since_epoch()).count()));
 }
 
 void TSubscriptionItem::TakeNothing() {

@@ -50,7 +50,8 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
                       [this](const std::string& Symbol) {
                           const auto* Quote = FWalk->QuoteOf(Symbol);
                           return Quote && !Quote->Time.empty() ? Quote : nullptr;
-                      }}),
+                      },
+                      [this] { return FWalk->Now(); }}),
       FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
       FPositions(*FStore, FSubscriptions),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {

@@ -81,6 +81,11 @@ public:
     TMessageBoxService& MessageBox() { return FMessageBox; }
     TChannelService& Channels() { return FChannels; }
 
+    // What the underlying of a series costs now, real price units; nothing where nobody knows.
+    std::optional<double> UnderlyingOf(const std::string& Exchange, const std::string& Series) const {
+        return FWalk->UnderlyingOf(Exchange, Series);
+    }
+
     // True while a view has a registration anywhere: for the check that a closed view left nothing behind.
     bool HasOwners() const;
 
