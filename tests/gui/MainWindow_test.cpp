@@ -2,11 +2,9 @@
 // The whole program with the real package, on the sample market in memory.
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
@@ -130,27 +128,6 @@ TEST_F(MainWindowTest, ALegTypedInTheCellsIsCalculated) {
     ASSERT_EQ(Chart->Series()[0]->GetCount(), 3);  // the two ends and the strike
     EXPECT_EQ(Chart->Series()[0]->GetX(1), 25600.0);
     EXPECT_EQ(Chart->Series()[0]->GetY(1), -100.0 * 2 * 50);
-}
-
-TEST_F(MainWindowTest, ASymbolIsSearchedAndChosenInThePopup) {
-    fw::TFrame& Frame = PlayFirstStart();
-    Click("Clear");
-    const auto Buttons = Grid().CellButtons(0, 0);
-    ASSERT_EQ(Buttons.size(), 1u);
-    QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Buttons[0].Rect.center());
-    auto* Search = qobject_cast<QLineEdit*>(
-        QApplication::activePopupWidget() ? QApplication::activePopupWidget()->findChild<QLineEdit*>() : nullptr);
-    ASSERT_NE(Search, nullptr);
-    QTest::keyClicks(Search, "hsi 2026/12 25600 p");
-    auto* List = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
-    ASSERT_NE(List, nullptr);
-    ASSERT_GE(List->model()->rowCount(), 1);
-    QTest::keyClick(Search, Qt::Key_Return);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    auto* Legs = Frame.FindControl<fw::TGridTableView>("PositionGridView");
-    Legs->PostEditor();
-    EXPECT_EQ(Legs->GetDataController().GetValue(0, 0).AsText(), "HSI25600X6");
-    EXPECT_EQ(Legs->GetDataController().GetRecordCount(), 2);
 }
 
 TEST_F(MainWindowTest, ASymbolThatTheViewBlanksIsNamedInTheMessagesAndTheStatusBar) {

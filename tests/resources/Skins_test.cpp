@@ -101,6 +101,8 @@ TEST(Skins, TextsAndMarksCanBeRead) {
                  {"coWarning", "coWindow", 4.5},
                  {"coError", "coBase", 4.5},
                  {"coError", "coWindow", 4.5},
+                 {"coText", "coAtTheMoney", 4.5},
+                 {"coPlaceholderText", "coAtTheMoney", 4.5},
                  {"coNoData", "coBase", 4.5},
                  {"coNoData", "coPayOffInputRowBgColor", 4.5},
                  {"coChartText", "coChartBackground", 4.5},

@@ -32,7 +32,9 @@ void LogNotice(const TStoreNotice& Notice) {
 }  // namespace
 
 TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
-    : FWorkstation(Workstation), FContext(Context), FDialogs(std::move(Dialogs)), FPopups(Context) {
+    : FWorkstation(Workstation), FContext(Context), FDialogs(std::move(Dialogs)), FPopups(Context, [this](const fw::TSelectedMarket& M) {
+          return FWorkstation.UnderlyingOf(M.Exchange, M.Series);
+      }) {
     const auto Sentence = [this](const fw::TLogEntry& Entry) {
         return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
     };
@@ -193,6 +195,7 @@ void TMainWindow::SetLanguage(int Language) {
     FMessages->Retranslate();
     FPanel->Retranslate();
     FStatus->Retranslate();
+    FPopups.Retranslate();
     BuildMenus();
 }
 
