@@ -56,7 +56,8 @@ protected:
     void Choose(const char* Exchange, const char* Series, const char* Month) {
         ws::TPlayer Player(Frame());
         EXPECT_TRUE(Player.Play(ws::TStep::Click("btnClear")));
-        for (const auto& [Control, Value] : {std::pair{"cmbExchange", Exchange}, {"cmbSeries", Series}, {"cmbMonth", Month}})
+        for (const auto& [Control, Value] :
+             {std::pair{"cmbExchange", Exchange}, {"cmbSeries", Series}, {"cmbMonth", Month}})
             EXPECT_TRUE(Player.Play(ws::TStep::Select(Control, Value))) << Value;
     }
     QWidget* OpenCell() const {
@@ -211,9 +212,12 @@ TEST_F(SymbolSelectorTest, ShowsTheMarketThatIsChosenWhenItOpens) {
 }
 
 TEST_F(SymbolSelectorTest, PricesOfAnyLengthStandWhole) {
-    for (const auto& [Exchange, Series, Month] :
-         {std::tuple{"XDER", "TBF", "2026-12"}, {"XDER", "EUR", "2026-12"}, {"SEHK", "HKB", "2026-12"},
-          {"XDER", "WHT", "2026-12"}, {"HKFE", "HSI", "2026-12-W2"}, {"HKFE", "MCH", "2027-02"}}) {
+    for (const auto& [Exchange, Series, Month] : {std::tuple{"XDER", "TBF", "2026-12"},
+                                                  {"XDER", "EUR", "2026-12"},
+                                                  {"SEHK", "HKB", "2026-12"},
+                                                  {"XDER", "WHT", "2026-12"},
+                                                  {"HKFE", "HSI", "2026-12-W2"},
+                                                  {"HKFE", "MCH", "2027-02"}}) {
         SCOPED_TRACE(Series);
         Choose(Exchange, Series, Month);
         auto& S = OpenSelector();

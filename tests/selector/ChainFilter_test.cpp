@@ -7,9 +7,10 @@ namespace ws {
 namespace {
 
 const TChainFuture kFuture{"HSIZ6", "2026/12/30", true};
-const TChainStrike kStrike{24000, "2026/12/30", "HSI", "24000", "24,000", {"HSI24000L6", "HSI24000X6"}};
+const TChainStrike kStrike{24000, "2026/12/30", "HSI", "24000", "24,000", "24000", {"HSI24000L6", "HSI24000X6"}};
 // Shown a hundred times as high as it is stated.
-const TChainStrike kCopper{10.4, "2026/12/18", "CPR", "10.40", "1,040.00", {"CPR2612C10.40", "CPR2612P10.40"}};
+const TChainStrike kCopper{
+    10.4, "2026/12/18", "CPR", "10.40", "1,040.00", "1040.00", {"CPR2612C10.40", "CPR2612P10.40"}};
 
 // "C", "P" and "F": the sides and the future that fit.
 std::string Fitting(const TChainFilter& Filter, const TChainStrike& Strike) {
@@ -70,7 +71,7 @@ TEST(ChainFilter, AStrikeIsFoundAsItIsStatedAndAsItIsShown) {
 }
 
 TEST(ChainFilter, ANumberFitsTheSymbolsThatBeginWithIt) {
-    const TChainStrike Numbered{50, "2026/12/30", "", "50", "50.00", {"00117", "00118"}};
+    const TChainStrike Numbered{50, "2026/12/30", "", "50", "50.00", "50.00", {"00117", "00118"}};
     EXPECT_TRUE(TChainFilter("00117").Fits(Numbered, ECallPut::Call));
     EXPECT_FALSE(TChainFilter("00117").Fits(Numbered, ECallPut::Put));
     EXPECT_FALSE(TChainFilter("117").Fits(Numbered, ECallPut::Call));
@@ -95,7 +96,7 @@ TEST(ChainFilter, AnyTextIsTaken) {
 }
 
 TEST(ChainFilter, ASideThatIsNotListedNeverFits) {
-    const TChainStrike CallOnly{50, "2026/12/30", "A", "50", "50", {"A50C", ""}};
+    const TChainStrike CallOnly{50, "2026/12/30", "A", "50", "50", "50", {"A50C", ""}};
     EXPECT_FALSE(TChainFilter().Fits(CallOnly, ECallPut::Put));
     EXPECT_FALSE(TChainFilter("50p").Fits(CallOnly, ECallPut::Put));
 }

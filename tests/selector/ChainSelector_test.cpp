@@ -56,9 +56,8 @@ TEST_F(ChainSelector, TypingBringsTheCursorToWhatWasMeant) {
     const struct {
         const char *Typed, *Symbol;
         int Rows;
-    } Cases[] = {{"26200p", "HSI26200X6", 1}, {"26", "HSI26400X6", 5},    {"c", "HSI26400L6", 5},
-                 {"hsiz6", "HSIZ6", 0},       {"26800", "HSI26800L6", 1}, {"x6", "HSI26400X6", 5},
-                 {"nosuch", "", 0},           {"", "HSI26400L6", 5}};
+    } Cases[] = {{"26200p", "HSI26200X6", 1}, {"26", "HSI26400X6", 5}, {"c", "HSI26400L6", 5}, {"hsiz6", "HSIZ6", 0},
+                 {"26800", "HSI26800L6", 1},  {"x6", "HSI26400X6", 5}, {"nosuch", "", 0},      {"", "HSI26400L6", 5}};
     for (const auto& Case : Cases) {
         S.SetFilter(Case.Typed);
         EXPECT_EQ(Under(S), Case.Symbol) << Case.Typed;
@@ -133,10 +132,9 @@ TEST_F(ChainSelector, AFutureOfAnotherMonthIsSeenAndNotChosen) {
 }
 
 TEST_F(ChainSelector, WithoutRowsNothingMoves) {
-    for (const auto& [Market, State] :
-         {std::pair{fw::TSelectedMarket{}, EChainState::NoMarket},
-          {fw::TSelectedMarket{"HKFE", "HSI", ""}, EChainState::NoMarket},
-          {fw::TSelectedMarket{"HKFE", "HSI", "2030-01"}, EChainState::NothingListed}}) {
+    for (const auto& [Market, State] : {std::pair{fw::TSelectedMarket{}, EChainState::NoMarket},
+                                        {fw::TSelectedMarket{"HKFE", "HSI", ""}, EChainState::NoMarket},
+                                        {fw::TSelectedMarket{"HKFE", "HSI", "2030-01"}, EChainState::NothingListed}}) {
         S.SetMarket(Market);
         EXPECT_EQ(S.State(), State);
         S.MoveRow(1);

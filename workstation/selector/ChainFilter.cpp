@@ -25,21 +25,25 @@ std::optional<ECallPut> SideOf(char C) {
     return std::nullopt;
 }
 
-// Digits and the decimal separator: a shown strike without what groups its thousands.
-fw::Text Ungrouped(fw::Text Shown) {
-    std::erase(Shown, ',');
-    return Shown;
+char Upper(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - 'a' + 'A') : C; }
+bool SameLetter(char A, char B) { return Upper(A) == Upper(B); }
+
+bool BeginsWith(std::string_view Whole, std::string_view Part) {
+    return Whole.size() >= Part.size() && std::equal(Part.begin(), Part.end(), Whole.begin(), SameLetter);
+}
+bool Holds(std::string_view Whole, std::string_view Part) {
+    return std::search(Whole.begin(), Whole.end(), Part.begin(), Part.end(), SameLetter) != Whole.end();
 }
 
 }  // namespace
 
-TChainFilter::TWord TChainFilter::WordOf(fw::Text Upper) {
-    TWord Word{Upper, {}, std::nullopt};
+TChainFilter::TWord TChainFilter::WordOf(fw::Text Typed) {
+    TWord Word{std::move(Typed), {}, std::nullopt};
     const std::string_view S = Word.Text;
     if (kCallWord.starts_with(S) || kPutWord.starts_with(S)) {
         Word.Side = SideOf(S.front());
     } else if (IsNumber(S)) {
-        Word.Number = Upper;
+        Word.Number = Word.Text;
     } else if (SideOf(S.back()) && IsNumber(S.substr(0, S.size() - 1))) {
         Word.Side = SideOf(S.back());
         Word.Number = S.substr(0, S.size() - 1);
@@ -65,10 +69,8 @@ TChainFilter::TChainFilter(std::string_view Typed) {
 }
 
 bool TChainFilter::Fits(const TWord& Word, const fw::Text& Symbol, const fw::Text& Expiry) {
-    const fw::Text Upper = fw::UpperCase(Symbol);
-    if (!Word.Number.empty()) return Upper.starts_with(Word.Text);
-    return Upper.find(Word.Text) != fw::Text::npos ||
-           (Word.Text.find('/') != fw::Text::npos && Expiry.find(Word.Text) != fw::Text::npos);
+    if (!Word.Number.empty()) return BeginsWith(Symbol, Word.Text);
+    return Holds(Symbol, Word.Text) || (Holds(Word.Text, "/") && Holds(Expiry, Word.Text));
 }
 
 bool TChainFilter::Fits(const TChainFuture& Future) const {
@@ -83,15 +85,14 @@ bool TChainFilter::Fits(const TChainStrike& Strike, ECallPut Side) const {
         const bool OnSide = !W.Side || *W.Side == Side;
         if (W.Number.empty()) return W.Side ? OnSide : Fits(W, Strike.Symbol(Side), Strike.Expiry);
         const bool IsStrike = Strike.Stated.starts_with(W.Number) || Strike.Shown.starts_with(W.Number) ||
-                              Ungrouped(Strike.Shown).starts_with(W.Number);
+                              Strike.Plain.starts_with(W.Number);
         return (OnSide && IsStrike) || Fits(W, Strike.Symbol(Side), Strike.Expiry);
     });
 }
 
 bool TChainFilter::IsExactly(const TChainStrike& Strike) const {
     return std::any_of(FWords.begin(), FWords.end(), [&](const TWord& W) {
-        return !W.Number.empty() && (W.Number == Strike.Stated || W.Number == Strike.Shown ||
-                                     W.Number == Ungrouped(Strike.Shown));
+        return !W.Number.empty() && (W.Number == Strike.Stated || W.Number == Strike.Shown || W.Number == Strike.Plain);
     });
 }
 

@@ -33,7 +33,7 @@ private:
         fw::Text Number;               // "" where the word names no strike
         std::optional<ECallPut> Side;  // none: both
     };
-    static TWord WordOf(fw::Text Upper);
+    static TWord WordOf(fw::Text Typed);
     static bool Fits(const TWord& Word, const fw::Text& Symbol, const fw::Text& Expiry);
 
     std::vector<TWord> FWords;

@@ -95,9 +95,7 @@ void TChainView::PaintContract(QPainter& Painter, TChainCell Cell, const QRect& 
     const bool Current = IsCurrent(Cell);
     const bool Fresh = FSelector.CanChoose(Cell) && Quote.AgeSeconds.value_or(0) < kStaleSeconds;
     const QColor Dimmed = FContext.Color("coPlaceholderText");
-    const QColor Ink = Current ? FContext.Color("coHighlightedText")
-                       : Fresh ? FContext.Color("coText")
-                               : Dimmed;
+    const QColor Ink = Current ? FContext.Color("coHighlightedText") : Fresh ? FContext.Color("coText") : Dimmed;
     Painter.setPen(Ink);
     Painter.drawText(Half(Room, false, false), kToTheRight, Price(Quote.Bid, Symbol));
     Painter.drawText(Half(Room, true, false), kToTheRight, Price(Quote.Ask, Symbol));
@@ -109,15 +107,14 @@ void TChainView::PaintContract(QPainter& Painter, TChainCell Cell, const QRect& 
 void TChainView::PaintFuture(QPainter& Painter, int Row, int Y) const {
     const TChainFuture& Future = FSelector.Future(Row);
     const TChainCell Cell{Row, ECallPut::Put};
-    if (IsCurrent(Cell))
-        Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coHighlight"));
+    if (IsCurrent(Cell)) Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coHighlight"));
     // The columns of the puts, made wider to the left where a future's price is longer than those of its options.
     const TChainQuote Quote = FSelector.QuoteOf(Cell);
     QRect Room = SideRect(ECallPut::Put, Y, RowHeight());
     for (const auto& Value : {Quote.Bid, Quote.Ask, Quote.Last})
-        Room.setLeft(std::min(Room.left(), Room.right() - 2 * (fontMetrics().horizontalAdvance(Price(
-                                                                   Value, Future.Symbol)) +
-                                                               2 * kPadding)));
+        Room.setLeft(
+            std::min(Room.left(),
+                     Room.right() - 2 * (fontMetrics().horizontalAdvance(Price(Value, Future.Symbol)) + 2 * kPadding)));
     PaintContract(Painter, Cell, Room);
     const QRect Name = SideRect(ECallPut::Call, Y, RowHeight()).adjusted(kPadding, 0, StrikeWidth(), 0);
     const QColor Dimmed = FContext.Color("coPlaceholderText");

@@ -28,8 +28,7 @@ std::optional<double> FieldOf(const fw::TCustomSubItem& Item, int Field) {
 }  // namespace
 
 TChainAge ShownAge(double Seconds) {
-    const auto Unit =
-        std::find_if(kUnits.begin(), kUnits.end() - 1, [&](const TUnit& U) { return Seconds < U.Below; });
+    const auto Unit = std::find_if(kUnits.begin(), kUnits.end() - 1, [&](const TUnit& U) { return Seconds < U.Below; });
     return {Unit->Key, static_cast<int>(std::clamp(Seconds / Unit->Size, 0.0, static_cast<double>(INT_MAX)))};
 }
 

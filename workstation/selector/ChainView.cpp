@@ -22,7 +22,7 @@ constexpr int kRowsPerNotch = 2;
 
 }  // namespace
 
-TChainView::TChainView(TChainSelector& Selector, const TRenderContext& Context, QWidget* Parent)
+TChainView::TChainView(TChainSelector& Selector, TRenderContext& Context, QWidget* Parent)
     : QAbstractScrollArea(Parent), FSelector(Selector), FContext(Context) {
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -33,7 +33,7 @@ TChainView::TChainView(TChainSelector& Selector, const TRenderContext& Context, 
     FLinks += Selector.OnRowsChanged.Connect([this] { Reload(); });
     FLinks += Selector.OnCursorMoved.Connect([this] { ShowCurrent(false); });
     FLinks += Selector.OnQuotesChanged.Connect(Redraw);
-    FLinks += const_cast<TRenderContext&>(Context).OnSkinChanged.Connect(Redraw);
+    FLinks += Context.OnSkinChanged.Connect(Redraw);
     Reload();
 }
 
@@ -99,9 +99,8 @@ void TChainView::Look() {
 
 void TChainView::Reload() {
     const auto& Strikes = FSelector.Chain().Strikes;
-    const auto Longest = std::max_element(Strikes.begin(), Strikes.end(), [](const auto& A, const auto& B) {
-        return A.Shown.size() < B.Shown.size();
-    });
+    const auto Longest = std::max_element(Strikes.begin(), Strikes.end(),
+                                          [](const auto& A, const auto& B) { return A.Shown.size() < B.Shown.size(); });
     QFont Bold = font();
     Bold.setBold(true);
     const QString Head = FContext.Translate("Res_StrikePrice");

@@ -16,13 +16,13 @@ namespace ws {
 // nothing else, and tells the selector which these are.
 class TChainView : public QAbstractScrollArea {
 public:
-    TChainView(TChainSelector& Selector, const TRenderContext& Context, QWidget* Parent);
+    TChainView(TChainSelector& Selector, TRenderContext& Context, QWidget* Parent);
 
     std::function<void()> OnTaken;  // a contract was chosen by a double click
 
-    int FirstRow() const;              // the first strike that is seen
-    int VisibleRows() const;           // strikes that are seen, the one cut off below included
-    int PageRows() const;              // strikes that are seen whole
+    int FirstRow() const;     // the first strike that is seen
+    int VisibleRows() const;  // strikes that are seen, the one cut off below included
+    int PageRows() const;     // strikes that are seen whole
     void ShowCurrent(bool InMiddle);
     // Where a contract stands in the viewport; empty when it is not seen.
     QRect CellRect(TChainCell Cell) const;
@@ -63,8 +63,8 @@ private:
     void PaintSentence(QPainter& Painter) const;
     bool IsCurrent(TChainCell Cell) const;
 
-    TChainSelector& FSelector;       // both outlive the view
-    const TRenderContext& FContext;
+    TChainSelector& FSelector;  // both outlive the view
+    TRenderContext& FContext;
     int FStrikeWidth = 0;
     int FWheelRest = 0;
     fw::TConnections FLinks;

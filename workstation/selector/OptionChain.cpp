@@ -35,7 +35,7 @@ void ReadOption(const fw::TCustomProduct& Product, std::vector<TListedOption>& O
     if (!Side || !Strike) return;
     const fw::Text Symbol = Product.GetSymbol();
     Options.push_back(
-        {{*Strike, Product.GetExpiryDate(), RootOf(Symbol), Product.GetStrikePrice(), {}, {}}, *Side, Symbol});
+        {{*Strike, Product.GetExpiryDate(), RootOf(Symbol), Product.GetStrikePrice(), {}, {}, {}}, *Side, Symbol});
 }
 
 // Options in their order; calls and puts of one line meet, what is left over gets lines of its own.
@@ -48,12 +48,15 @@ void BuildStrikes(std::vector<TListedOption>& Options, std::vector<TChainStrike>
         const size_t Begin = Strikes.size();
         std::array<size_t, 2> Next{Begin, Begin};  // of each side the line that takes its next contract
         const fw::Text Shown = Formatter.FormatValue(First->Place.Value, fw::kFormatPrice, First->Symbol);
+        fw::Text Plain = Shown;
+        std::erase(Plain, ',');
         auto Each = First;
         for (; Each != Options.end() && Each->Line() == First->Line(); ++Each) {
             const auto Side = static_cast<size_t>(Each->Side);
             if (Next[Side] == Strikes.size()) {
                 Strikes.push_back(Each->Place);
                 Strikes.back().Shown = Shown;
+                Strikes.back().Plain = Plain;
             }
             Strikes[Next[Side]++].Symbols[Side] = Each->Symbol;
         }

@@ -16,11 +16,12 @@ struct TChainFuture {
 };
 
 struct TChainStrike {
-    double Value = 0.0;  // real price units
-    fw::Text Expiry;     // "yyyy/MM/dd"
-    fw::Text Root;       // letters that begin its symbols; tells contracts of one strike and expiry apart
-    fw::Text Stated;     // the strike as the exchange states it
-    fw::Text Shown;      // the strike as the workstation writes it
+    double Value = 0.0;               // real price units
+    fw::Text Expiry;                  // "yyyy/MM/dd"
+    fw::Text Root;                    // letters that begin its symbols; tells contracts of one strike and expiry apart
+    fw::Text Stated;                  // the strike as the exchange states it
+    fw::Text Shown;                   // the strike as the workstation writes it
+    fw::Text Plain;                   // the same without what groups its thousands
     std::array<fw::Text, 2> Symbols;  // by ECallPut; "" where that side is not listed
 
     const fw::Text& Symbol(ECallPut Side) const { return Symbols[static_cast<size_t>(Side)]; }

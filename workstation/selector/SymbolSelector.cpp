@@ -14,7 +14,7 @@ constexpr int kLongestFilter = 64;
 constexpr int kMargin = 4;
 }  // namespace
 
-TSymbolSelector::TSymbolSelector(const TRenderContext& Context, TChainSelector::TUnderlying Underlying,
+TSymbolSelector::TSymbolSelector(TRenderContext& Context, TChainSelector::TUnderlying Underlying,
                                  TChosen OnChosen, QWidget* Parent)
     : QWidget(Parent),
       FContext(Context),

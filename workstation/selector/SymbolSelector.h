@@ -9,12 +9,12 @@
 
 namespace ws {
 
-// The symbol selector as it stands in a popup: what is typed filters the chain below, the arrows move over it, Enter and
-// a double click choose. The symbol is told once.
+// The symbol selector as it stands in a popup: what is typed filters the chain below, the arrows move over it, Enter
+// and a double click choose. The symbol is told once.
 class TSymbolSelector : public QWidget {
 public:
     using TChosen = std::function<void(const fw::Text& Symbol)>;
-    TSymbolSelector(const TRenderContext& Context, TChainSelector::TUnderlying Underlying, TChosen OnChosen,
+    TSymbolSelector(TRenderContext& Context, TChainSelector::TUnderlying Underlying, TChosen OnChosen,
                     QWidget* Parent);
 
     void Retranslate();
@@ -32,7 +32,7 @@ private:
     void ShowFooter();
     void Take();
 
-    const TRenderContext& FContext;
+    TRenderContext& FContext;
     TChosen FOnChosen;
     TChainSelector FModel;
     QLineEdit* FSearch;

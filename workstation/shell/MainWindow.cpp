@@ -32,9 +32,11 @@ void LogNotice(const TStoreNotice& Notice) {
 }  // namespace
 
 TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
-    : FWorkstation(Workstation), FContext(Context), FDialogs(std::move(Dialogs)), FPopups(Context, [this](const fw::TSelectedMarket& M) {
-          return FWorkstation.UnderlyingOf(M.Exchange, M.Series);
-      }) {
+    : FWorkstation(Workstation),
+      FContext(Context),
+      FDialogs(std::move(Dialogs)),
+      FPopups(Context,
+              [this](const fw::TSelectedMarket& M) { return FWorkstation.UnderlyingOf(M.Exchange, M.Series); }) {
     const auto Sentence = [this](const fw::TLogEntry& Entry) {
         return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
     };

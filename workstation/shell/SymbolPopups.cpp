@@ -29,7 +29,7 @@ public:
 
 }  // namespace
 
-TSymbolPopups::TSymbolPopups(const TRenderContext& Context, TChainSelector::TUnderlying Underlying)
+TSymbolPopups::TSymbolPopups(TRenderContext& Context, TChainSelector::TUnderlying Underlying)
     : FContext(Context), FUnderlying(std::move(Underlying)) {
     fw::TCustomGlobalChannelManager::GetInstance().Subscribe(
         fw::kChannelSymbolPopup, [this](fw::TObject*, fw::TObject* Record) { Serve(Record); }, this);

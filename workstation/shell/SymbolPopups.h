@@ -16,7 +16,7 @@ namespace ws {
 // that the view stands on when it opens. What is chosen goes to the view that asked.
 class TSymbolPopups : public fw::TObject {
 public:
-    TSymbolPopups(const TRenderContext& Context, TChainSelector::TUnderlying Underlying);
+    TSymbolPopups(TRenderContext& Context, TChainSelector::TUnderlying Underlying);
     ~TSymbolPopups() override;
 
     // The widget of one of its popups, for one opening; null for somebody else's.
@@ -34,7 +34,7 @@ private:
     };
     void Serve(fw::TObject* Record);
 
-    const TRenderContext& FContext;
+    TRenderContext& FContext;
     TChainSelector::TUnderlying FUnderlying;
     fw::TSignal<> FOnRetranslate;
     std::vector<std::unique_ptr<TPopup>> FPopups;  // kept until the end: views hold on to them
