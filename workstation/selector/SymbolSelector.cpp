@@ -2,6 +2,7 @@
 #include "workstation/selector/SymbolSelector.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QVBoxLayout>
 
 #include "workstation/renderers/QtText.h"
@@ -14,8 +15,8 @@ constexpr int kLongestFilter = 64;
 constexpr int kMargin = 4;
 }  // namespace
 
-TSymbolSelector::TSymbolSelector(TRenderContext& Context, TChainSelector::TUnderlying Underlying,
-                                 TChosen OnChosen, QWidget* Parent)
+TSymbolSelector::TSymbolSelector(TRenderContext& Context, TChainSelector::TUnderlying Underlying, TChosen OnChosen,
+                                 QWidget* Parent)
     : QWidget(Parent),
       FContext(Context),
       FOnChosen(std::move(OnChosen)),
@@ -51,6 +52,13 @@ void TSymbolSelector::Retranslate() {
 void TSymbolSelector::ShowFooter() {
     const auto Current = FModel.Current();
     FFooter->setText(Current ? FView->Describe(*Current) : QString());
+}
+
+// The popup's window has no border of its own.
+void TSymbolSelector::paintEvent(QPaintEvent*) {
+    QPainter Painter(this);
+    Painter.setPen(FContext.Color("coBorder"));
+    Painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 bool TSymbolSelector::eventFilter(QObject* Watched, QEvent* Event) {

@@ -14,8 +14,7 @@ namespace ws {
 class TSymbolSelector : public QWidget {
 public:
     using TChosen = std::function<void(const fw::Text& Symbol)>;
-    TSymbolSelector(TRenderContext& Context, TChainSelector::TUnderlying Underlying, TChosen OnChosen,
-                    QWidget* Parent);
+    TSymbolSelector(TRenderContext& Context, TChainSelector::TUnderlying Underlying, TChosen OnChosen, QWidget* Parent);
 
     void Retranslate();
 
@@ -26,6 +25,7 @@ public:
 
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
+    void paintEvent(QPaintEvent*) override;
 
 private:
     bool KeyPressed(int Key, Qt::KeyboardModifiers Modifiers);
