@@ -122,10 +122,13 @@ Text InCurrent(const Text& CForm) {
 
 const TNumberFormat& NumberFormat() { return Current(); }
 
+bool IsNumberFormat(const TNumberFormat& Format) {
+    return IsOneOf(Format.Decimal, kDecimals) && Format.Decimal != Format.Group &&
+           (Format.Group.empty() || IsOneOf(Format.Group, kGroups));
+}
+
 bool SetNumberFormat(const TNumberFormat& Format) {
-    const bool Usable = IsOneOf(Format.Decimal, kDecimals) && Format.Decimal != Format.Group &&
-                        (Format.Group.empty() || IsOneOf(Format.Group, kGroups));
-    if (!Usable) return false;
+    if (!IsNumberFormat(Format)) return false;
     if (Format == Current()) return true;
     NumberFormatChanging()();
     Current() = Format;

@@ -22,9 +22,11 @@ struct TNumberFormat {
 // The process-wide format; C form until another is set.
 FRAMEWORK_API const TNumberFormat& NumberFormat();
 // Open editors are posted first, so that what was typed in the former format is read in it. False, and nothing changes,
-// for separators that cannot be read back: the decimal one is a point or a comma, the other one of these, a blank, an
-// apostrophe or nothing.
+// where IsNumberFormat is false.
 FRAMEWORK_API bool SetNumberFormat(const TNumberFormat& Format);
+// Whether its numbers can be read back: the decimal separator is a point or a comma, the other one of these, a blank,
+// an apostrophe or nothing.
+FRAMEWORK_API bool IsNumberFormat(const TNumberFormat& Format);
 FRAMEWORK_API TSignal<>& NumberFormatChanging();
 FRAMEWORK_API TSignal<>& NumberFormatChanged();
 

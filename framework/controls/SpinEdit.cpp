@@ -49,7 +49,10 @@ Text TSpinEdit::GetText() const {
 
 void TSpinEdit::SetEditText(Text Value) {
     if (!EnsureFocus()) return OnValueChanged();
-    if (Value == GetText()) return;
+    if (Value == GetText()) {
+        if (!FModified) FRefusal.reset();
+        return;
+    }
     FEditText = std::move(Value);
     FModified = true;
     FRefusal.reset();
@@ -68,8 +71,8 @@ void TSpinEdit::PostEditor() {
     if (Read.Ambiguous) {
         FEditText = Typed;
         FModified = true;
-        FRefusal = Read.Refusal;
     }
+    FRefusal = Read.Refusal;
     if (Read.Refusal) TLog::Warning(Read.Refusal->Key, Read.Refusal->Args);
     if (Read.Value && *Read.Value != FValue)
         ChangeValue(*Read.Value);
@@ -99,7 +102,7 @@ void TSpinEdit::KeyPress(char Key) {
     if (!EnsureFocus()) return;
     if (Key == kKeyEnter) {
         PostEditor();
-        if (FRefusal) return;
+        if (KeepsFocus()) return;
     }
     if (!OnKeyPress) return;
     const auto Running = OnKeyPress;
@@ -109,14 +112,14 @@ void TSpinEdit::KeyPress(char Key) {
 void TSpinEdit::Spin(int Steps) {
     if (!EnsureFocus()) return;
     PostEditor();
-    if (FRefusal) return;
+    if (KeepsFocus()) return;
     const Variant Stepped(StepNumber(GetFloat(), Steps, FIncrement, FLimits));
     if (Stepped != FValue) ChangeValue(Stepped);
 }
 
 void TSpinEdit::Exit() {
     PostEditor();
-    if (!FRefusal) FireNotify(OnExit, "OnExit");
+    if (!KeepsFocus()) FireNotify(OnExit, "OnExit");
 }
 
 void TSpinEdit::DoExit() { FireNotify(OnExit, "OnExit"); }

@@ -47,7 +47,7 @@ public:
     // read in two ways stays, keeps the focus and is told as the refusal; anything else is dropped, the previous value
     // stays. Each refused text gives one warning in the log.
     void PostEditor() override;
-    // Why the edit text was refused when it was last posted; until it changes.
+    // Why the text posted last was refused; until another one is typed. While IsModified, it is the one shown.
     const std::optional<TRefusal>& GetRefusal() const { return FRefusal; }
     void CancelEdit();  // drops the edit text
     // A number in the user's place, whatever the number format: the bounds hold. What is refused changes nothing.
@@ -68,7 +68,7 @@ public:
 
 protected:
     void DoExit() override;
-    bool KeepsFocus() const override { return FRefusal.has_value(); }
+    bool KeepsFocus() const override { return FModified && FRefusal; }
 
 private:
     Text ShownText(double Value) const;

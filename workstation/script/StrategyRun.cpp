@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "framework/base/NumberFormat.h"
 #include "framework/base/Text.h"
 #include "framework/controls/ComboBox.h"
 #include "framework/controls/GridTableView.h"
@@ -116,18 +117,19 @@ void TStrategyRun::TypeLegs() {
         const int Row = static_cast<int>(i);
         if (!FPlayer.Play(TStep::CellItem(kGrid, Row, fw::kColumnSide, Leg.Side == ELegSide::Buy ? 0 : 1)))
             Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Side == ELegSide::Buy ? "buy" : "sell"});
-        if (Leg.Premium && !FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnPremium, *Leg.Premium)))
-            Report("Res_ScriptCellRefused", {Leg.Symbol, *Leg.Premium});
-        if (!FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnQuantity, Leg.Qty)))
-            Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Qty});
+        if (Leg.Premium && !FPlayer.Play(TStep::CellNumber(kGrid, Row, fw::kColumnPremium, *Leg.Premium)))
+            Report("Res_ScriptCellRefused", {Leg.Symbol, fw::FormatShortest(*Leg.Premium)});
+        if (!FPlayer.Play(TStep::CellNumber(kGrid, Row, fw::kColumnQuantity, Leg.Qty)))
+            Report("Res_ScriptCellRefused", {Leg.Symbol, fw::FormatShortest(Leg.Qty)});
     }
 }
 
 void TStrategyRun::TypeRange() {
-    const std::pair<const char*, const std::optional<std::string>&> Bounds[] = {
+    const std::pair<const char*, std::optional<double>> Bounds[] = {
         {"edtDown", FStrategy.Down}, {"edtUp", FStrategy.Up}, {"edtInterval", FStrategy.Interval}};
     for (const auto& [Control, Value] : Bounds)
-        if (Value && !FPlayer.Play(TStep::Enter(Control, *Value))) Report("Res_ScriptRangeRefused", {*Value});
+        if (Value && !FPlayer.Play(TStep::EnterNumber(Control, *Value)))
+            Report("Res_ScriptRangeRefused", {fw::FormatShortest(*Value)});
 }
 
 // The view refuses a range by leaving its table as it was, and the view is new: no rows, no calculation.

@@ -15,6 +15,7 @@ constexpr const char* kSection = "Workstation";
 constexpr const char* kKeyUser = "User";
 constexpr const char* kKeyLanguage = "Language";
 constexpr const char* kKeySkin = "Skin";
+constexpr const char* kKeyNumberFormat = "NumberFormat";
 constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
 constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
 
@@ -37,6 +38,7 @@ TOpenedStore TWorkstation::OpenStore(const TWorkstationOptions& Options) {
 
 TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     : FSampleFolder(Options.SampleFolder),
+      FEnvironmentFormat(Options.NumberFormat),
       FStore([&] {
           auto Opened = OpenStore(Options);
           FNotices = std::move(Opened.Notices);
@@ -61,6 +63,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     LoadMarket();
     FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
     FLanguage.SetLanguage(fw::TextToIntDef(FStore->ReadSetting(kSection, kKeyLanguage).value_or("0"), 0));
+    if (!ApplyNumberFormat(FStore->ReadSetting(kSection, kKeyNumberFormat).value_or(""))) ApplyNumberFormat("");
 
     const auto Last = FStore->ReadSetting(kSection, kKeyUser).value_or("");
     if (!SetUser(Options.User.empty() ? Last : Options.User) && !FTrading.Users.empty()) {
@@ -70,7 +73,10 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     Install();
 }
 
-TWorkstation::~TWorkstation() { Uninstall(); }
+TWorkstation::~TWorkstation() {
+    Uninstall();
+    fw::SetNumberFormat({});
+}
 
 void TWorkstation::Install() {
     fw::TCustomConfigManager::SetInstance(&FConfig);
@@ -148,6 +154,17 @@ bool TWorkstation::SetUser(const std::string& Code) {
 void TWorkstation::SetLanguage(int Language) {
     FLanguage.SetLanguage(Language);
     FStore->WriteSetting(kSection, kKeyLanguage, std::to_string(FLanguage.GetLanguage()));
+}
+
+bool TWorkstation::SetNumberFormat(const std::string& Name) {
+    if (!ApplyNumberFormat(Name)) return false;
+    FStore->WriteSetting(kSection, kKeyNumberFormat, Name);
+    return true;
+}
+
+bool TWorkstation::ApplyNumberFormat(const std::string& Name) const {
+    const auto Format = Name.empty() ? FEnvironmentFormat : fw::FindNumberFormat(Name);
+    return Format && fw::SetNumberFormat(*Format);
 }
 
 // A view reads the skin's colours as options: options first, then the announcement of the skin.
