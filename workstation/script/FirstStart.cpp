@@ -29,7 +29,7 @@ TStrategy FirstStartStrategy(const TStore& Store) {
     for (const auto& Leg : kIronCondor) {
         const auto Symbol = Store.CurrentSampleSymbol(Leg.Symbol);
         if (Symbol.empty()) return {};
-        Strategy.Legs.push_back({Symbol, Leg.Side});
+        Strategy.Legs.push_back({Symbol, Leg.Side, {}, 1.0});
     }
     Strategy.Down = kDown;
     Strategy.Up = kUp;
