@@ -65,10 +65,13 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) {
         return FPopups.MakeContent(Popup, Parent);
     };
-    FContext.OnEditRefused = [this](fw::TGridTableView&) {
+    FContext.OnEditRefused = [this](fw::TGridTableView& Grid) {
         TViewDock* Dock = FDocks->Current();
-        if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) FStatus->ShowRefusal(RefusedHint(*Frame));
+        if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) Say(RefusedHint(*Frame, Grid), {});
     };
+    FContext.OnEditKept = [this](const QString& Reason) { FStatus->Say([Reason] { return Reason; }); };
+    FClipboard = std::make_unique<TClipboardFlow>(Context, *FDialogs, *FDocks, *this,
+                                                  [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     FWorkstation.MessageBox().OnShow = [this](const fw::Text& Message) { FDialogs->Tell(this, ToQt(Message)); };
     // Work of the services waits for the loop; the tick drives market and views.
     FWorkstation.SetOnWork([this] { PumpLater(); });
@@ -89,11 +92,13 @@ TMainWindow::~TMainWindow() {
     FTick.stop();
     FRun.reset();
     FDocks->CloseAll();
+    FClipboard.reset();
     FDocks.reset();
     FWorkstation.SetOnWork({});
     FWorkstation.MessageBox().OnShow = nullptr;
     FContext.MakePopupContent = nullptr;
     FContext.OnEditRefused = nullptr;
+    FContext.OnEditKept = nullptr;
 }
 
 void TMainWindow::PumpLater() {
@@ -180,6 +185,10 @@ void TMainWindow::GiveRoomToViews() {
 void TMainWindow::showEvent(QShowEvent* Event) {
     QMainWindow::showEvent(Event);
     if (FDocks->Docks().size() == 1) GiveRoomToViews();
+}
+
+void TMainWindow::Say(const fw::Text& Key, const std::vector<fw::Text>& Args) {
+    FStatus->Say([this, Key, Args] { return ToQt(FWorkstation.Language().Resource(Key, Args)); });
 }
 
 void TMainWindow::UpdateHint() {
