@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "framework/base/Log.h"
+
 namespace fw {
 
 namespace {
@@ -96,10 +98,8 @@ ECellEntry FillDown(TGridTableView& View, int Key) {
     if (Record < 0) return ECellEntry::Posted;
     if (Above.IsNull()) return EmptyCell(View, Key);
     return Enter(View, Key, [&](TCellEditor& Editor) {
-        if (Above.IsText())
-            Editor.SetEditText(Above.AsText());
-        else
-            Editor.SetValue(Above);
+        if (Above.IsText()) return Editor.SetEditText(Above.AsText());
+        if (const auto Refusal = Editor.EnterNumber(Above.AsFloat())) TLog::Warning(Refusal->Key, Refusal->Args);
     });
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "framework/controls/GridText.h"
 
-#include "framework/base/Numbers.h"
+#include "framework/base/NumberFormat.h"
 
 namespace fw {
 
@@ -47,7 +47,7 @@ Text TGridText::Tail() const { return FForm == ETextForm::Tabs ? "" : "</table>\
 Text TGridText::CellText(int Record, int Column) const {
     const Variant Value = FView.GetDataController().GetValue(Record, Column);
     if (Value.IsNull()) return {};
-    return Value.IsText() ? FView.GetCellText(Record, Column) : FloatToShortestText(Value.AsFloat());
+    return Value.IsText() ? FView.GetCellText(Record, Column) : FormatUnmistakably(Value.AsFloat());
 }
 
 template <class TCell>

@@ -8,8 +8,9 @@ namespace fw {
 enum class ETextForm { Tabs, Html };
 
 // A table as text for other programs, piece by piece: the head, then any records in any order, then the tail. Visible
-// columns only. Numbers stand at full precision, without groups, and with the decimal separator that the cells show;
-// texts as the cells show them. Holds nothing of the records, so that a table of any length can be written.
+// columns only. Numbers stand at full precision in the current number format, not grouped and with one reading only, so
+// that they can be pasted again; texts as the cells show them. Holds nothing of the records, so that a table of any
+// length can be written.
 class FRAMEWORK_API TGridText {
 public:
     // Borrows the view, whose columns are taken as they stand now.

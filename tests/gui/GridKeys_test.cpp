@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 
 #include "tests/gui/GuiTest.h"
@@ -260,6 +261,32 @@ TEST_F(GridKeysTest, ARefusedEntryStaysOpenAndSaysWhyAtTheCellAndInTheStatusBar)
     Press(Qt::Key_Escape);
     EXPECT_FALSE(IsOpen());
     EXPECT_TRUE(Frame.Cell(0, kSymbol).IsNull());
+}
+
+TEST_F(GridKeysTest, ANumberWithTwoReadingsKeepsTheEditorUntilItIsMended) {
+    Host.TakeLog();
+    Focus(0, kPremium);
+    for (const char Letter : {'1', ',', '2', '3', '4'})
+        QTest::keyClick(EditorFocus() ? EditorFocus() : &GridWidget(), Letter);
+    Press(Qt::Key_Return);
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(At(), "0,103");
+    ASSERT_FALSE(Kept.isEmpty());
+    EXPECT_EQ(EditorFocus()->toolTip(), Kept.back());
+    const qsizetype Told = Kept.size();
+    QTest::mouseClick(GridWidget().viewport(), Qt::LeftButton, {}, GridWidget().CellRect(1, 1).center());
+    EXPECT_EQ(Kept.size(), Told + 1);
+    EXPECT_EQ(At(), "0,103");
+    for (auto* Each : Window->findChildren<QPushButton*>())
+        if (Each->text() == "Res_Calculate") QTest::mouseClick(Each, Qt::LeftButton);
+    EXPECT_EQ(std::count(Frame.Seen.begin(), Frame.Seen.end(), "go "), 0);
+    EXPECT_TRUE(EditorFocus()->hasFocus());
+    Press(Qt::Key_0);
+    EXPECT_TRUE(EditorFocus()->toolTip().isEmpty());
+    Press(Qt::Key_Return);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Frame.Cell(0, kPremium).AsFloat(), 1.234);
+    Host.TakeLog();
 }
 
 TEST_F(GridKeysTest, HiddenAndReadOnlyCellsArePassedOver) {

@@ -174,7 +174,8 @@ void TGridRenderer::DropEditor() {
 void TGridRenderer::ShowKept(bool Again) {
     const fw::TCellEditor* Editor = FView ? FView->GetEditor() : nullptr;
     if (!FEditor || !Editor) return;
-    const QString Reason = ToQt(FView->GetErrorText());
+    QString Reason = ToQt(FView->GetErrorText());
+    if (const auto Refusal = FView->GetRefusal()) Reason = FContext.Translate(Refusal->Key.c_str(), Refusal->Args);
     if (Reason == FKept && !Again) return;
     FKept = Reason;
     FEditor->ShowReason(Reason);

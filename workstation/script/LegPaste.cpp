@@ -17,14 +17,11 @@ using TCells = std::vector<std::string>;
 struct TEntryColumn {
     int Tag;
     const char* Caption;
-    const char* Reason;  // for a text that the cell does not take, where the view logs none
 };
-constexpr std::array kEntryColumns{TEntryColumn{fw::kColumnSymbol, "Res_Symbol", "Res_PasteSymbolRefused"},
-                                   TEntryColumn{fw::kColumnSide, "Res_Side", "Res_LogChoiceRefused"},
-                                   TEntryColumn{fw::kColumnPremium, "Res_PayOffPremium", "Res_LogNumberRefused"},
-                                   TEntryColumn{fw::kColumnQuantity, "Res_OrderQty", "Res_LogNumberRefused"},
-                                   TEntryColumn{fw::kColumnOpenClose, "Res_OpenClose", "Res_LogChoiceRefused"},
-                                   TEntryColumn{fw::kColumnPrincipal, "Res_Principal", "Res_LogChoiceRefused"}};
+constexpr std::array kEntryColumns{
+    TEntryColumn{fw::kColumnSymbol, "Res_Symbol"},         TEntryColumn{fw::kColumnSide, "Res_Side"},
+    TEntryColumn{fw::kColumnPremium, "Res_PayOffPremium"}, TEntryColumn{fw::kColumnQuantity, "Res_OrderQty"},
+    TEntryColumn{fw::kColumnOpenClose, "Res_OpenClose"},   TEntryColumn{fw::kColumnPrincipal, "Res_Principal"}};
 constexpr const TEntryColumn& kSymbol = kEntryColumns[0];
 // Columns of a copied table that the instrument decides: known, and not typed.
 constexpr std::array kShownColumns{"Res_CallPut", "Res_ExpiryDate", "Res_StrikePrice"};
@@ -162,11 +159,18 @@ private:
         return FPlayer.Play(TStep::Cell(FView.GetName(), FRow, Column.Tag, Text));
     }
 
-    void Refuse(const TEntryColumn& Column, const std::string& Typed, const fw::TLogEntry& Reason) {
+    void Refuse(const TEntryColumn& Column, const std::string& Typed, const fw::TRefusal& Reason) {
         TPasteRefusal Refusal{FLine, Column.Caption, Shortened(Typed), Reason.Key, {}};
         for (const auto& Arg : Reason.Args) Refusal.ReasonArgs.push_back(Shortened(Arg));
-        if (Reason.Key.empty()) Refusal.Reason = Column.Reason, Refusal.ReasonArgs = {Refusal.Typed};
         FReport.Refused.push_back(std::move(Refusal));
+    }
+
+    // The editor's own reason, else what the view said about it.
+    fw::TRefusal ReasonOr(const TLastWarning& Warning, const std::string& Typed) const {
+        if (const auto& Reason = FPlayer.GetReason()) return *Reason;
+        const auto& Entry = Warning.Entry();
+        return Entry.Key.empty() ? fw::TRefusal{"Res_PasteSymbolRefused", {Shortened(Typed)}}
+                                 : fw::TRefusal{Entry.Key, Entry.Args};
     }
 
     void TypeLeg(const TCells& Line, const TColumnOrder& Order) {
@@ -182,20 +186,20 @@ private:
     }
 
     bool TypeSymbol(const std::string& Symbol) {
-        if (fw::Trim(Symbol).empty()) return Refuse(kSymbol, Symbol, {{}, "Res_PasteNoSymbol", {}}), false;
+        if (fw::Trim(Symbol).empty()) return Refuse(kSymbol, Symbol, {"Res_PasteNoSymbol", {}}), false;
         if (FReport.Rows > kMostPastedLegs)
-            return Refuse(kSymbol, Symbol, {{}, "Res_PasteTooMany", {std::to_string(kMostPastedLegs)}}), false;
+            return Refuse(kSymbol, Symbol, {"Res_PasteTooMany", {std::to_string(kMostPastedLegs)}}), false;
         const std::string Former = SymbolAt(FRow);
         const TLastWarning Warning;
         if (Type(kSymbol, Symbol) && !SymbolAt(FRow).empty()) return true;
-        Refuse(kSymbol, Symbol, Warning.Entry());
+        Refuse(kSymbol, Symbol, ReasonOr(Warning, Symbol));
         if (FRow == LastRow() || !Former.empty()) Type(kSymbol, Former);
         return false;
     }
 
     void TypeCell(const TEntryColumn& Column, const std::string& Text) {
         const TLastWarning Warning;
-        if (!Type(Column, Text)) Refuse(Column, Text, Warning.Entry());
+        if (!Type(Column, Text)) Refuse(Column, Text, ReasonOr(Warning, Text));
     }
 
     fw::TGridTableView& FView;

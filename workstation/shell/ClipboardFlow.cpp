@@ -10,7 +10,7 @@
 
 #include "framework/base/FlagGuard.h"
 #include "framework/base/Log.h"
-#include "framework/base/Numbers.h"
+#include "framework/base/NumberFormat.h"
 #include "framework/controls/GridText.h"
 #include "workstation/renderers/GridRenderer.h"
 #include "workstation/renderers/QtText.h"
@@ -29,7 +29,8 @@ constexpr int kProgressSteps = 1000;
 constexpr int64_t kMegabyte = 1'000'000;
 constexpr int kSamples = 100;
 
-fw::Text Megabytes(int64_t Bytes) { return fw::GroupedText(static_cast<double>((Bytes + kMegabyte - 1) / kMegabyte)); }
+fw::Text Grouped(int64_t Count) { return fw::FormatNumber(static_cast<double>(Count), 0, true); }
+fw::Text Megabytes(int64_t Bytes) { return Grouped((Bytes + kMegabyte - 1) / kMegabyte); }
 
 void Append(QByteArray& To, const fw::Text& Text) { To.append(Text.data(), static_cast<qsizetype>(Text.size())); }
 
@@ -100,12 +101,12 @@ void TClipboardFlow::Copy(fw::TGridTableView& View, int First, int Last) {
 void TClipboardFlow::Put(TRows& Rows) {
     if (Rows.Count() == 0) return FSay("Res_CopyNothing", {});
     QGuiApplication::clipboard()->setMimeData(Rows.Data().release());
-    FSay("Res_CopyDone", {fw::GroupedText(static_cast<double>(Rows.Count()))});
+    FSay("Res_CopyDone", {Grouped(Rows.Count())});
 }
 
 void TClipboardFlow::CopyMany(fw::TGridTableView& View, int First, int Last) {
     const int64_t Count = static_cast<int64_t>(Last) - First + 1;
-    const fw::Text CountText = fw::GroupedText(static_cast<double>(Count));
+    const fw::Text CountText = Grouped(Count);
     const auto Estimate = [&] {
         TRows Some(View);
         const int64_t Wanted = std::min<int64_t>(kSamples, Count);

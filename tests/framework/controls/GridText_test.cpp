@@ -3,6 +3,7 @@
 
 #include "framework/base/Numbers.h"
 #include "tests/framework/controls/GridFixture.h"
+#include "tests/support/NumberFormatGuard.h"
 
 namespace fw {
 
@@ -28,6 +29,13 @@ TEST_F(TGridTextTest, NumbersStandAtFullPrecisionAndTextsAsTheCellsShowThem) {
     EXPECT_EQ(TextToFloat("0.3333333333333333"), 1.0 / 3.0);
     EXPECT_EQ(Tabs.Record(1), "\t\t\t\t\n");
     EXPECT_EQ(Tabs.Tail(), "");
+}
+
+TEST_F(TGridTextTest, NumbersFollowTheNumberFormatAndCanBeReadInOneWayOnly) {
+    const TScopedNumberFormat German("de_DE");
+    Data.SetValue(0, kPremium, 1.234);
+    Data.SetValue(0, kQuantity, 26400.0);
+    EXPECT_EQ(TGridText(View, ETextForm::Tabs).Record(0), "\t\t1,2340\t26400\t\n");
 }
 
 TEST_F(TGridTextTest, HtmlKeepsWhatLooksLikeATag) {
