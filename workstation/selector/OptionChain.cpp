@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "framework/base/NumberFormat.h"
 #include "framework/base/Numbers.h"
 #include "framework/services/Formatter.h"
 #include "framework/services/MarketAdapter.h"
@@ -23,6 +24,13 @@ struct TListedOption {
 
     auto Line() const { return std::tie(Place.Expiry, Place.Value, Place.Root); }
 };
+
+fw::Text WithoutGroups(fw::Text Number) {
+    const fw::Text& Group = fw::NumberFormat().Group;
+    for (size_t At = 0; !Group.empty() && (At = Number.find(Group, At)) != fw::Text::npos;)
+        Number.erase(At, Group.size());
+    return Number;
+}
 
 fw::Text RootOf(const fw::Text& Symbol) {
     const auto End = std::find_if(Symbol.begin(), Symbol.end(), [](char C) { return C >= '0' && C <= '9'; });
@@ -48,8 +56,7 @@ void BuildStrikes(std::vector<TListedOption>& Options, std::vector<TChainStrike>
         const size_t Begin = Strikes.size();
         std::array<size_t, 2> Next{Begin, Begin};  // of each side the line that takes its next contract
         const fw::Text Shown = Formatter.FormatValue(First->Place.Value, fw::kFormatPrice, First->Symbol);
-        fw::Text Plain = Shown;
-        std::erase(Plain, ',');
+        const fw::Text Plain = WithoutGroups(Shown);
         auto Each = First;
         for (; Each != Options.end() && Each->Line() == First->Line(); ++Each) {
             const auto Side = static_cast<size_t>(Each->Side);
