@@ -8,6 +8,7 @@
 #include <random>
 #include <utility>
 
+#include "framework/base/NumberFormat.h"
 #include "framework/controls/ComboBox.h"
 #include "framework/controls/PopupControl.h"
 #include "framework/market/Product.h"
@@ -89,9 +90,9 @@ private:
         "\x01\x02",
         "\xE3\x80\x80",                                                   // a wide blank
         "\xEF\xBC\xA8\xEF\xBC\xB3\xEF\xBC\xA9\xEF\xBC\xBA\xEF\xBC\x96"};  // wide "HSIZ6"
-    static constexpr const char* kNumbers[] = {"0",     "1",       "5",    "12.5", "-3",    "250",  "99.95",
-                                               "0.249", "1,234.5", "",     "0.",   "1e5",   "1e18", "1e999",
-                                               "nan",   "abc",     "39.9", "41",   "199.9", "0.05", "2000000000"};
+    static constexpr const char* kNumbers[] = {
+        "0",    "1",     "5",   "12.5", "-3",   "250", "99.95", "0.249", "1,234.5",    "",      "0.",    "1e5",
+        "1e18", "1e999", "nan", "abc",  "39.9", "41",  "199.9", "0.05",  "2000000000", "1.250", "1,500", "0,5"};
     static constexpr const char* kWords[] = {"Buy", "sell", "\xE8\xB2\xB7\xE5\x85\xA5", "Open", "Close", "House",
                                              "",    "?"};
 
@@ -219,12 +220,16 @@ private:
         return Name + " " + Typed;
     }
     std::string HostDoesSomething() {
-        switch (Below(8)) {
+        switch (Below(9)) {
             case 0: return Station->ResetSample(), "the sample is reset";
             case 1: return Station->SetUser("norights"), "user norights";
             case 2: return Station->SetUser("trader"), "user trader";
             case 3: return Station->SetSkin(OneIn(2) ? "Dark" : "Light"), "skin";
-            case 4:
+            case 4: {
+                const auto Name = OneOf(fw::NumberFormatNames());
+                return Station->SetNumberFormat(Name), "number format " + Name;
+            }
+            case 5:
                 View.CloseInstance(Handle);
                 Handle = View.OpenNewInstance();
                 return "closed and opened again";
