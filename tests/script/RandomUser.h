@@ -13,6 +13,7 @@
 #include "framework/controls/PopupControl.h"
 #include "framework/market/Product.h"
 #include "tests/script/TraderFixture.h"
+#include "workstation/market/MonthCode.h"
 #include "workstation/script/StrategyRun.h"
 
 namespace ws {
