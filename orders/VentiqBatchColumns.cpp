@@ -18,7 +18,7 @@ struct TBatchColumn {
 };
 
 constexpr std::array kBatchColumns{
-    TBatchColumn{kColSymbol, "Res_Symbol", 100, false}, TBatchColumn{kColSide, "Res_Side", 80, false},
+    TBatchColumn{kColSymbol, "Res_Symbol", 100, false},  TBatchColumn{kColSide, "Res_Side", 80, false},
     TBatchColumn{kColAccount, "Res_Account", 80, false}, TBatchColumn{kColPrice, "Res_OrderPrice", 70, true},
     TBatchColumn{kColQty, "Res_OrderQty", 70, true},     TBatchColumn{kColRemark, "Res_Remark", 100, false},
 };

@@ -53,7 +53,8 @@ Text TCustomBatchSubmitOrderDataControl::GetDisplayValue(int32_t RecordIndex, in
     if (!Order) return "";
     auto& Formatter = TCustomFormatter::GetInstance();
     switch (Attribute) {
-        case kColPrice: return Formatter.FormatValue(Order->GetPrice(), kFormatPrice, Order->GetSymbol(), true, nullptr);
+        case kColPrice:
+            return Formatter.FormatValue(Order->GetPrice(), kFormatPrice, Order->GetSymbol(), true, nullptr);
         case kColQty: return Formatter.FormatValue(Order->GetQty(), kFormatQuantity, Order->GetSymbol(), true, nullptr);
         default: return GetValue(RecordIndex, Attribute).AsText();
     }

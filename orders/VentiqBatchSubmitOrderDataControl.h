@@ -25,7 +25,8 @@ public:
 
     TColumnInfoList* GetColList() override;
     int32_t GetCount() override;
-    // Also answers column 5, the order service's own text, which no column shows: by it the host knows its orders again.
+    // Also answers column 5, the order service's own text, which no column shows: by it the host knows its orders
+    // again.
     Variant GetValue(int32_t RecordIndex, int32_t Attribute) override;
     Text GetDisplayValue(int32_t RecordIndex, int32_t Attribute) override;
 

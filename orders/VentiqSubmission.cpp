@@ -40,9 +40,8 @@ bool Confirm(const TClientOrderList& Orders) {
 void Send(const TClientOrderList& Orders) {
     for (const auto& Order : Orders) {
         Order->SetExtValue(kExtAllCheckFlag, kExtAllCheckValue);
-        Dispatch("TakeAction", [&] {
-            TCustomOrderActionManager::GetInstance().TakeAction(nullptr, *Order, kOrderAction, true);
-        });
+        Dispatch("TakeAction",
+                 [&] { TCustomOrderActionManager::GetInstance().TakeAction(nullptr, *Order, kOrderAction, true); });
     }
 }
 

@@ -52,8 +52,11 @@ TVentiqOrderPush::TInstrument TVentiqOrderPush::InstrumentOf(const Text& Symbol)
 TVentiqOrderPush::TInstrument TVentiqOrderPush::InstrumentByData(const Text& Symbol) {
     const auto* Item = TCustomSubscribeAdapter::GetInstance().GetSubItem(Symbol, kPriceDataKind, kKeepAsItIs);
     if (Item->GetState() != kItemReady) return {};
-    TInstrument Result{Item->GetFieldText(kFieldExchange), Item->GetFieldText(kFieldSeries),
-                       Item->GetFieldText(kFieldExpiry), {}, false};
+    TInstrument Result{Item->GetFieldText(kFieldExchange),
+                       Item->GetFieldText(kFieldSeries),
+                       Item->GetFieldText(kFieldExpiry),
+                       {},
+                       false};
     if (Symbol.find(Result.Series) == Text::npos) return Result;
     Text Tail = Symbol.substr(std::min(Result.Series.size(), Symbol.size()));
     if (const auto Slash = Tail.find('/'); Slash != Text::npos && Slash > 0) Tail.resize(Slash);

@@ -36,8 +36,8 @@ void TVentiqPositionLoader::btnLoadClick(TObject*) {
     if (!Control) return;
     if (Control->GetExchange().empty() || Control->GetSeries().empty() || Control->GetMonth().empty() ||
         Control->GetAccount().empty()) {
-        TCustomMessageBoxCtrl::GetInstance().ShowMessageText(
-            nullptr, GetResourceHeader("Res_LoadPayOffPositionFailed"), 0, 0, 0);
+        TCustomMessageBoxCtrl::GetInstance().ShowMessageText(nullptr, GetResourceHeader("Res_LoadPayOffPositionFailed"),
+                                                             0, 0, 0);
         return;
     }
     FGrid.btnClearClick(nullptr);

@@ -35,9 +35,15 @@ TEST_F(BatchTable, AnswersByColumn) {
     Table.InitData(Orders);
     ASSERT_EQ(Table.GetCount(), 2);
     const std::pair<int, Variant> Cells[] = {
-        {kColSymbol, "HSIP100"}, {kColPrice, 0.25},     {kColQty, 2.0},
-        {kColAccount, "A100"},   {kColSide, "Side1"},   {kColRemark, "Remark:HSIP100"},
-        {kColOrderText, "Order:HSIP100"}, {7, ""},      {kColOpenClose, ""},
+        {kColSymbol, "HSIP100"},
+        {kColPrice, 0.25},
+        {kColQty, 2.0},
+        {kColAccount, "A100"},
+        {kColSide, "Side1"},
+        {kColRemark, "Remark:HSIP100"},
+        {kColOrderText, "Order:HSIP100"},
+        {7, ""},
+        {kColOpenClose, ""},
     };
     for (const auto& [Column, Cell] : Cells) EXPECT_EQ(Table.GetValue(1, Column), Cell) << Column;
 }
@@ -106,9 +112,9 @@ TEST_F(BatchTable, ItsColumnsAreOneListForTheProcess) {
         int Width;
         bool Numeric;
     };
-    const TExpected Expected[] = {{0, "Res_Symbol", 100, false},   {11, "Res_Side", 80, false},
-                                  {10, "Res_Account", 80, false},  {3, "Res_OrderPrice", 70, true},
-                                  {4, "Res_OrderQty", 70, true},   {25, "Res_Remark", 100, false}};
+    const TExpected Expected[] = {{0, "Res_Symbol", 100, false},  {11, "Res_Side", 80, false},
+                                  {10, "Res_Account", 80, false}, {3, "Res_OrderPrice", 70, true},
+                                  {4, "Res_OrderQty", 70, true},  {25, "Res_Remark", 100, false}};
     ASSERT_EQ(Columns->size(), std::size(Expected));
     for (size_t i = 0; i < Columns->size(); ++i) {
         const TColumnInfo& Info = *(*Columns)[i];

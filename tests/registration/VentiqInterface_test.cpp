@@ -77,13 +77,11 @@ TEST_F(Descriptor, OpensFramesOfTheirOwn) {
     EXPECT_TRUE(View.CloseInstance(Second));
 }
 
-TEST_F(Descriptor, ButtonsWithoutAHandlerCannotBeClicked) {
-    const std::pair<const char*, bool> Cases[] = {
-        {"btnCalc", true}, {"btnClear", true}, {"btnLoad", false}, {"btnSubmit", false}};
+TEST_F(Descriptor, EveryButtonOfTheFormDoesSomething) {
     auto* Frame = View.FindView(View.OpenNewInstance());
     ASSERT_NE(Frame, nullptr);
-    for (const auto& [Name, Clickable] : Cases)
-        EXPECT_EQ(Frame->FindControl<TButton>(Name)->CanClick(), Clickable) << Name;
+    for (const char* Name : {"btnCalc", "btnClear", "btnLoad", "btnSubmit"})
+        EXPECT_TRUE(Frame->FindControl<TButton>(Name)->CanClick()) << Name;
 }
 
 TEST_F(Descriptor, AFrameThatCannotBeBuiltIsNotRecordedAndItsErrorArrives) {
