@@ -108,7 +108,12 @@ public:
     void SetOnDataUpdate(TNotifyEvent Value) { FOnDataUpdate = std::move(Value); }
     void SetOnUpdateDefaultPrice(TNotifyEvent Value) { FOnUpdateDefaultPrice = std::move(Value); }
 
-    // Prepared orders.
+    // Turns the order legs into orders, has them checked and confirmed as one batch and sends what was confirmed; tells
+    // the user when there is no account or no leg. Afterwards legs and orders are gone, whatever became of them, except
+    // that without an account the legs stay. Defined in orders/.
+    void SubmitOrder();
+    // One order a leg, in leg order, in place of those prepared before. Defined in orders/.
+    void PrepareOMSOrder();
     void ClearOMSOrder();
     const std::vector<std::unique_ptr<TCustomClientOrder>>& GetOrderList() const { return FOrderList; }
 

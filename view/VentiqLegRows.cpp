@@ -24,6 +24,8 @@ TLegRow ReadRow(const TVentiqForm& Form, int Record) {
             case kColSide: Row.Side = SideOf(Cell.AsText(), Form.epiSide.Items); break;
             case kColPremium: Row.Premium = Cell.AsFloat(0.0); break;
             case kColQty: Row.Quantity = Cell.AsFloat(0.0); break;
+            case kColOpenClose: Row.OpenClose = Cell.AsText(); break;
+            case kColPrincipal: Row.Principal = Cell.AsText(); break;
             default: break;  // the rest of a leg comes from market data
         }
     }

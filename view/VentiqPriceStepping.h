@@ -24,10 +24,10 @@ struct TPriceBand {
 // A premium that has just changed in its editor, and what is known of its row. All prices are real ones.
 struct TPriceMove {
     double Price = 0.0;
-    bool Spun = false;                            // by arrow key, button or wheel; else typed
-    std::optional<double> BandUpper, BandLower;   // of the band in which the premium last stood
-    std::optional<double> LastPrice;              // the premium before the change
-    const TCustomSpreadTable* Bands = nullptr;    // the symbol's table of price bands; null: it has none
+    bool Spun = false;                           // by arrow key, button or wheel; else typed
+    std::optional<double> BandUpper, BandLower;  // of the band in which the premium last stood
+    std::optional<double> LastPrice;             // the premium before the change
+    const TCustomSpreadTable* Bands = nullptr;   // the symbol's table of price bands; null: it has none
 };
 
 struct TPriceMoved {

@@ -27,7 +27,8 @@ void TVentiqResultNote::Check() {
 
 TVentiqResultNote::TInputs TVentiqResultNote::Read() const {
     TInputs Result;
-    Result.Legs = ReadLegRows(FForm);
+    const auto Rows = ReadLegRows(FForm);
+    Result.Legs.assign(Rows.begin(), Rows.end());
     Result.Down = FForm.edtDown.GetFloat();
     Result.Up = FForm.edtUp.GetFloat();
     Result.Interval = FForm.edtInterval.GetFloat();

@@ -22,7 +22,7 @@ public:
 
 private:
     struct TInputs {
-        std::vector<TLegRow> Legs;
+        std::vector<TLeg> Legs;
         Text Exchange, Series, Month;
         double Down = 0.0, Up = 0.0, Interval = 0.0;
         bool operator==(const TInputs&) const = default;

@@ -104,6 +104,8 @@ void TVentiqFrame::WirePositionGrid() {
 
 void TVentiqFrame::WireRangeInputs() {
     FForm.btnCalc.OnClick = [this](TObject* Sender) { FRangeInputs.btnCalcClick(Sender); };
+    FForm.btnLoad.OnClick = [this](TObject* Sender) { FPositionLoader.btnLoadClick(Sender); };
+    FForm.btnSubmit.OnClick = [this](TObject* Sender) { FOrderCollector.btnSubmitClick(Sender); };
     FForm.btnClear.OnClick = [this](TObject* Sender) { FPositionGrid.btnClearClick(Sender); };
     FForm.edtDown.OnExit = [this](TObject* Sender) { FRangeInputs.edtDownExit(Sender); };
     FForm.edtUp.OnExit = [this](TObject* Sender) { FRangeInputs.edtUpExit(Sender); };

@@ -7,7 +7,10 @@
 #include "view/VentiqDetailGrid.h"
 #include "view/VentiqLayoutData.h"
 #include "view/VentiqMarketSelectors.h"
+#include "view/VentiqOrderCollector.h"
+#include "view/VentiqOrderPush.h"
 #include "view/VentiqPayoffChart.h"
+#include "view/VentiqPositionLoader.h"
 #include "view/VentiqRangeInputs.h"
 #include "view/VentiqResultNote.h"
 #include "view/VentiqSubscriptions.h"
@@ -31,6 +34,7 @@ public:
     bool SetLanguage(int LanguageId) override;
     bool SetGroupID(const Text& GroupId) override;
     bool GetGroupID(Text& GroupId) override;
+    bool SetCustomData(int Kind, TObject* Data) override { return FOrderPush.SetCustomData(Kind, Data); }
     TCaptionButtonList* GetViewCaptionButtons() override { return FCaptionButtons.GetList(); }
     TImageList* GetViewCaptionButtonImageList() override { return &FForm.CaptionImages; }
 
@@ -66,6 +70,10 @@ private:
     TVentiqRangeInputs FRangeInputs{FForm, FContext, FPositionGrid};
     TVentiqSymbolEntry FSymbolEntry{FForm, FContext, FPositionGrid, FTexts, FFlags, FSymbolCheck, FSubscriptions};
     TVentiqCellEditing FCellEditing{FForm, FContext, FPositionGrid, FFlags};
+    TVentiqPositionLoader FPositionLoader{FForm,   FContext,     FPositionGrid, FTexts,
+                                          FConfig, FSymbolCheck, FSubscriptions};
+    TVentiqOrderPush FOrderPush{FForm, FContext, FSelectors};
+    TVentiqOrderCollector FOrderCollector{FForm, FContext, FFlags};
     TVentiqResultNote FResultNote{FForm, FContext, *this};
     TVentiqLayoutData FLayoutData{FForm, FPositionGrid};
 };

@@ -14,8 +14,16 @@ TEST(CutToLots, CutsTowardsZeroAndLeavesWholeLotsAlone) {
         std::optional<double> Cut;
     };
     const TCase Cases[] = {
-        {350, 100, 300},          {399.999, 100, 300},  {300, 100, std::nullopt}, {-350, 100, -300}, {0, 100, std::nullopt},
-        {50, 100, 0},             {2.5, 1, 2},          {7, 0, std::nullopt},     {7.5, 0, 7},       {7.5, 5e-8, 7},
+        {350, 100, 300},
+        {399.999, 100, 300},
+        {300, 100, std::nullopt},
+        {-350, 100, -300},
+        {0, 100, std::nullopt},
+        {50, 100, 0},
+        {2.5, 1, 2},
+        {7, 0, std::nullopt},
+        {7.5, 0, 7},
+        {7.5, 5e-8, 7},
         {300.000001, 100, std::nullopt},
     };
     for (const auto& Case : Cases) {
