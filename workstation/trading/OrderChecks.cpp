@@ -239,6 +239,11 @@ constexpr std::array kRules{
 
 }  // namespace
 
+const char* FlagKey(int TOrderTicket::*Flag, int Value) {
+    const TFlagChoice* Choice = ChoiceOf(Flag, Value);
+    return Choice ? Choice->Key : nullptr;
+}
+
 std::optional<TFinding> FindRefusal(const TOrderCase& Case) {
     for (const auto& Rule : kRules) {
         if (Rule.Strength != EStrength::Refuse) break;  // they come first: the others may rely on them

@@ -71,6 +71,9 @@ std::optional<TFinding> FindRefusal(const TOrderCase& Case);
 // Everything that the table says about the order, in its order. A refusal stands alone.
 std::vector<TFinding> JudgeOrder(const TOrderCase& Case);
 
+// Resource key of a flag's value ("Res_OrderOpen"); null for 0 and for values that no flag has.
+const char* FlagKey(int TOrderTicket::*Flag, int Value);
+
 // Quantity with the sign of the side: above 0 bought.
 inline double SignedQty(const TOrderTicket& Order) { return Order.Side == 0 ? Order.Qty : -Order.Qty; }
 

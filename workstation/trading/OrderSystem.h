@@ -27,8 +27,8 @@ public:
     void Cancel(const std::string& OrderId);
     void CancelAll();
 
-    const std::deque<TOrderRow>& Orders() const;              // oldest first
-    const TOrderRow* Find(const std::string& OrderId) const;  // null when unknown; valid until the next change
+    const std::deque<TOrderRow>& Orders() const;                       // oldest first
+    const TOrderRow* Find(const std::string& OrderId) const;           // null when unknown; valid until the next change
     std::vector<THolding> Holdings(const std::string& Account) const;  // ascending by symbol; no flat ones
     std::vector<THolding> AllHoldings() const;                         // ascending by account and symbol
 
