@@ -17,6 +17,7 @@ constexpr const char* kKeyLanguage = "Language";
 constexpr const char* kKeySkin = "Skin";
 constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
 constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
+constexpr int kTicksPerRetry = 3000 / kTimerPeriodMs;  // a try may wait a second for another program's lock
 
 std::string Now() { return MarketTimeText(fw::TClock::Now(), kSampleUtcOffsetMinutes); }
 
@@ -45,6 +46,8 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
       FConfig(*FStore, TSkinTable::Embedded()),
       FLanguage(TTextTable::Embedded()),
       FLookAndFeel(FConfig, SkinOf(*FStore)),
+      FExchange([this](const std::string& Symbol) { return PaperContractOf(Symbol); },
+                [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }, {.Seed = Options.Seed}),
       FSubscriptions(FMarket, FQueue,
                      {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
                       [this](const std::string& Symbol) {
@@ -52,13 +55,14 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
                           return Quote && !Quote->Time.empty() ? Quote : nullptr;
                       }}),
       FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
-      FPositions(*FStore, FSubscriptions),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
     FNotices.insert(FNotices.end(), Sample.Notices.begin(), Sample.Notices.end());
     FMarket.OnRequestSymbol = [this](const fw::Text& Symbol) { FSubscriptions.Request(Symbol); };
     LoadMarket();
     FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
+    FYesterday = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
+    OpenOrders();
     FLanguage.SetLanguage(fw::TextToIntDef(FStore->ReadSetting(kSection, kKeyLanguage).value_or("0"), 0));
 
     const auto Last = FStore->ReadSetting(kSection, kKeyUser).value_or("");
@@ -67,6 +71,17 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
         SetUser(FTrading.Users.front().Code);
     }
     Install();
+}
+
+void TWorkstation::OpenOrders() {
+    FOrderSystem = std::make_unique<TOrderSystem>(
+        *FStore, FExchange,
+        TOrderMarket{[this](const std::string& Symbol) { return MarketDayOf(Symbol); },
+                     [this](const std::string& Symbol) { return SettlementOf(Symbol); }});
+    FPositions = std::make_unique<TPositionService>(*FOrderSystem, FSubscriptions);
+    const auto Open = std::count_if(FOrderSystem->Orders().begin(), FOrderSystem->Orders().end(),
+                                    [](const auto& Row) { return Row.State == EOrderState::Unknown; });
+    if (Open > 0) FNotices.push_back({"Res_OrdersUnknown", {std::to_string(Open)}});
 }
 
 TWorkstation::~TWorkstation() { Uninstall(); }
@@ -82,7 +97,7 @@ void TWorkstation::Install() {
     fw::TCustomMarketAdapter::SetInstance(&FMarket);
     fw::TCustomSubscribeAdapter::SetInstance(&FSubscriptions);
     fw::TEditorManager::SetInstance(&FEditors);
-    fw::TCustomPositionAdapter::SetInstance(&FPositions);
+    fw::TCustomPositionAdapter::SetInstance(FPositions.get());
     fw::TCustomOrderAdapter::SetInstance(&FOrders);
     fw::TCustomFormatter::SetInstance(&FFormatter);
     fw::TCustomExchangeListComparer::SetInstance(&FExchangeOrder);
@@ -117,6 +132,7 @@ void TWorkstation::LoadMarket() {
 void TWorkstation::ReloadMarket() {
     LoadMarket();
     FWalk->Replace(FMarket.Market());
+    FYesterday->Replace(FMarket.Market());
     FSubscriptions.MarketChanged();
     FMarket.NotifyListsChanged();
 }
@@ -125,6 +141,8 @@ void TWorkstation::Tick() {
     FTimer.Tick();
     if (++FTicks % kTicksPerMarketStep == 0)
         FSubscriptions.QuotesChanged(FWalk->Step(kTicksPerMarketStep * kTimerPeriodMs / 1000.0));
+    FExchange.Tick();
+    if (FTicks % kTicksPerRetry == 0) FOrderSystem->Retry();
 }
 
 bool TWorkstation::SetUser(const std::string& Code) {
@@ -172,8 +190,30 @@ TImportReport TWorkstation::ImportChain(const std::filesystem::path& File, const
 std::vector<TStoreNotice> TWorkstation::ResetSample() {
     auto Outcome = ResetSampleMarket(*FStore, FSampleFolder, SampleToday());
     ReloadMarket();
+    FOrderSystem->Reload();
     if (!SetUser(User().Code) && !FTrading.Users.empty()) SetUser(FTrading.Users.front().Code);
     return std::move(Outcome.Notices);
+}
+
+std::string TWorkstation::MarketDayOf(const std::string& Symbol) const {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    return FWalk->MarketDay(Product ? Product->Exchange : "");
+}
+
+std::optional<TPaperContract> TWorkstation::PaperContractOf(const std::string& Symbol) {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    if (!Product) return std::nullopt;
+    const bool Expired = !Product->ExpiryDate.empty() && Product->ExpiryDate < MarketDayOf(Symbol);
+    return TPaperContract{FWalk->QuoteOf(Symbol), Expired, fw::TextToFloatDef(Product->LotSize, 1.0)};
+}
+
+// The market's own where it states one; of a simulated contract, where the simulation starts.
+std::optional<double> TWorkstation::SettlementOf(const std::string& Symbol) {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    const auto* Quote = Product ? FYesterday->QuoteOf(Symbol) : nullptr;
+    if (!Quote || Quote->PreviousSettlement) return Quote ? Quote->PreviousSettlement : std::nullopt;
+    const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
+    return Series && !Series->Imported ? Quote->Last : std::nullopt;
 }
 
 std::optional<TQuoteForm> TWorkstation::QuoteFormOf(const std::string& Symbol) const {

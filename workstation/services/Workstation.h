@@ -22,6 +22,8 @@
 #include "workstation/services/TimerService.h"
 #include "workstation/store/SampleStore.h"
 #include "workstation/store/Store.h"
+#include "workstation/trading/OrderSystem.h"
+#include "workstation/trading/PaperExchange.h"
 
 namespace ws {
 
@@ -73,6 +75,7 @@ public:
     std::vector<TStoreNotice> ResetSample();
 
     TStore& Store() { return *FStore; }
+    TOrderSystem& Orders() { return *FOrderSystem; }
     TLanguageService& Language() { return FLanguage; }
     TMarketService& Market() { return FMarket; }
     TSubscriptionService& Subscriptions() { return FSubscriptions; }
@@ -87,9 +90,13 @@ public:
 private:
     TOpenedStore OpenStore(const TWorkstationOptions& Options);
     void LoadMarket();
+    void OpenOrders();
     void ReloadMarket();
     void Install();
     void Uninstall();
+    std::optional<TPaperContract> PaperContractOf(const std::string& Symbol);
+    std::string MarketDayOf(const std::string& Symbol) const;
+    std::optional<double> SettlementOf(const std::string& Symbol);
     std::optional<TQuoteForm> QuoteFormOf(const std::string& Symbol) const;
 
     std::filesystem::path FSampleFolder;
@@ -109,9 +116,13 @@ private:
     TMessageBoxService FMessageBox{FLanguage};
     TMarketService FMarket;
     std::unique_ptr<TQuoteWalk> FWalk;
+    std::unique_ptr<TQuoteWalk>
+        FYesterday;  // the walk before its first step: what it starts from was settled yesterday
+    TPaperExchange FExchange;
+    std::unique_ptr<TOrderSystem> FOrderSystem;
     TSubscriptionService FSubscriptions;
     TEditorService FEditors;
-    TPositionService FPositions;
+    std::unique_ptr<TPositionService> FPositions;
     TOrderService FOrders{FMarket, FLanguage};
     TFormatterService FFormatter;
     TExchangeOrder FExchangeOrder{FMarket};

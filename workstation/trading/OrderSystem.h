@@ -2,8 +2,13 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
+#include <optional>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "framework/base/Signal.h"
 #include "workstation/store/Store.h"
@@ -11,26 +16,42 @@
 
 namespace ws {
 
+// What the order system asks the market about a contract. Either may be left empty: the day is UTC's then, and there
+// is no settlement.
+struct TOrderMarket {
+    std::function<std::string(const std::string& Symbol)> MarketDay;  // the exchange's today, "yyyy/MM/dd"
+    std::function<std::optional<double>(const std::string& Symbol)> PreviousSettlement;  // in real price units
+};
+
 // Every order and execution of the workstation, each change in the store before anybody hears of it. An order is
 // written before it is sent and is never sent again; an execution counts once, and its order, the execution and the
-// holding change in one transaction. User-interface thread only.
+// holding change in one transaction. What the gateway tells while the store cannot be written is kept, in order, until
+// it can. User-interface thread only.
 class TOrderSystem : public IOrderEvents {
 public:
     // Reads the store. Orders that an earlier run left without an end become unknown: the exchange has to be asked.
     // Both are borrowed and outlive the system. Throws EStoreError.
-    TOrderSystem(TStore& Store, IOrderGateway& Gateway);
+    TOrderSystem(TStore& Store, IOrderGateway& Gateway, TOrderMarket Market = {});
     ~TOrderSystem() override;
+    TOrderSystem(const TOrderSystem&) = delete;
+    TOrderSystem& operator=(const TOrderSystem&) = delete;
 
-    // Writes the order and sends it; its client order id. Throws EStoreError: not written and not sent.
+    // Writes the order and sends it; its client order id. Throws EStoreError: not written and not sent. An order whose
+    // sending throws is unknown.
     std::string Place(const TOrderTicket& Ticket);
     // Asks the exchange; nothing for unknown ids and final states.
     void Cancel(const std::string& OrderId);
     void CancelAll();
 
-    const std::deque<TOrderRow>& Orders() const;                       // oldest first
+    const std::deque<TOrderRow>& Orders() const { return FOrders; }    // oldest first
     const TOrderRow* Find(const std::string& OrderId) const;           // null when unknown; valid until the next change
     std::vector<THolding> Holdings(const std::string& Account) const;  // ascending by symbol; no flat ones
     std::vector<THolding> AllHoldings() const;                         // ascending by account and symbol
+
+    // Takes up what the gateway told and could not be written yet. The loop calls it every now and then.
+    void Retry();
+    // Reads the store again, after somebody else wrote orders or executions into it. Throws EStoreError.
+    void Reload();
 
     fw::TSignal<const TOrderRow&> OnOrderChanged;  // also for new ones
     fw::TSignal<> OnHoldingsChanged;
@@ -40,6 +61,47 @@ public:
     void OrderRejected(const std::string& OrderId, const TReason& Reason) override;
     void OrderFilled(const std::string& OrderId, const std::string& ExecutionId, double Qty, double Price) override;
     void OrderCancelled(const std::string& OrderId) override;
+
+private:
+    // What listeners are to hear once an event has been written.
+    struct TChange {
+        const TOrderRow* Order = nullptr;  // null: nothing
+        bool Holding = false;
+    };
+    using TEvent = std::function<TChange()>;  // throws EStoreError and has changed nothing then
+    struct TFill {
+        std::string OrderId, ExecutionId;
+        double Qty, Price;
+    };
+    // The executions of one account and symbol, and what they add up to on a day.
+    struct TBook {
+        std::vector<TExecutionRow> Executions;
+        mutable std::optional<THolding> Holding;  // as of the two below
+        mutable std::string Day;
+        mutable std::optional<double> Settlement;
+    };
+    using TBookKey = std::pair<std::string, std::string>;  // account, symbol
+
+    void Load();
+    void LeaveToTheExchange();
+    void Take(TEvent Event);
+    TChange End(const std::string& OrderId, EOrderState State, const TReason& Reason);
+    TChange Fill(const TFill& Told);
+    TChange Write(TOrderRow Changed, const TExecutionRow* Execution = nullptr);
+    TOrderRow* Known(const std::string& OrderId);  // null, and a log line, when unknown
+    std::string DayOf(const std::string& Symbol) const;
+    const THolding& HoldingIn(const TBookKey& Key, const TBook& Book) const;
+
+    TStore& FStore;
+    IOrderGateway& FGateway;
+    TOrderMarket FMarket;
+    std::deque<TOrderRow> FOrders;
+    std::map<std::string, std::size_t> FPlaces;  // order id -> index in FOrders
+    std::set<std::string> FExecutionIds;
+    std::map<TBookKey, TBook> FBooks;
+    std::deque<TEvent> FWaiting;  // told by the gateway and not written yet, oldest first
+    bool FTaking = false;         // a listener's call may come in while events are taken
+    bool FStalled = false;        // the store refused the first of FWaiting
 };
 
 }  // namespace ws
