@@ -50,10 +50,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
                 [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }, {.Seed = Options.Seed}),
       FSubscriptions(FMarket, FQueue,
                      {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
-                      [this](const std::string& Symbol) {
-                          const auto* Quote = FWalk->QuoteOf(Symbol);
-                          return Quote && !Quote->Time.empty() ? Quote : nullptr;
-                      }}),
+                      [this](const std::string& Symbol) { return QuoteOf(Symbol); }}),
       FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
@@ -86,6 +83,17 @@ void TWorkstation::OpenOrders() {
 
 TWorkstation::~TWorkstation() { Uninstall(); }
 
+const TQuoteRow* TWorkstation::QuoteOf(const std::string& Symbol) {
+    const auto* Quote = FWalk->QuoteOf(Symbol);
+    return Quote && !Quote->Time.empty() ? Quote : nullptr;
+}
+
+THeldQuantities TWorkstation::HeldOf(const std::string& Account) const {
+    THeldQuantities Result;
+    for (const auto& Holding : FOrderSystem->Holdings(Account)) Result[Holding.Symbol] = Holding.Qty;
+    return Result;
+}
+
 void TWorkstation::Install() {
     fw::TCustomConfigManager::SetInstance(&FConfig);
     fw::TCustomLanguageManager::SetInstance(&FLanguage);
@@ -99,6 +107,7 @@ void TWorkstation::Install() {
     fw::TEditorManager::SetInstance(&FEditors);
     fw::TCustomPositionAdapter::SetInstance(FPositions.get());
     fw::TCustomOrderAdapter::SetInstance(&FOrders);
+    fw::TCustomOrderActionManager::SetInstance(&FOrderActions);
     fw::TCustomFormatter::SetInstance(&FFormatter);
     fw::TCustomExchangeListComparer::SetInstance(&FExchangeOrder);
     fw::TCustomSeriesComparer::SetInstance(&FSeriesOrder);
@@ -117,6 +126,7 @@ void TWorkstation::Uninstall() {
     fw::TEditorManager::SetInstance(nullptr);
     fw::TCustomPositionAdapter::SetInstance(nullptr);
     fw::TCustomOrderAdapter::SetInstance(nullptr);
+    fw::TCustomOrderActionManager::SetInstance(nullptr);
     fw::TCustomFormatter::SetInstance(nullptr);
     fw::TCustomExchangeListComparer::SetInstance(nullptr);
     fw::TCustomSeriesComparer::SetInstance(nullptr);

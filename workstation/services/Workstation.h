@@ -15,11 +15,13 @@
 #include "workstation/services/LookAndFeelService.h"
 #include "workstation/services/MarketService.h"
 #include "workstation/services/MessageBoxService.h"
+#include "workstation/services/OrderActionService.h"
 #include "workstation/services/OrderService.h"
 #include "workstation/services/PositionService.h"
 #include "workstation/services/ProfileService.h"
 #include "workstation/services/SubscriptionService.h"
 #include "workstation/services/TimerService.h"
+#include "workstation/services/TradingFacts.h"
 #include "workstation/store/SampleStore.h"
 #include "workstation/store/Store.h"
 #include "workstation/trading/OrderSystem.h"
@@ -76,6 +78,9 @@ public:
 
     TStore& Store() { return *FStore; }
     TOrderSystem& Orders() { return *FOrderSystem; }
+    IOrderFacts& OrderFacts() { return FOrderFacts; }
+    TOrderService& OrderService() { return FOrders; }
+    TOrderActionService& OrderActions() { return FOrderActions; }
     TLanguageService& Language() { return FLanguage; }
     TMarketService& Market() { return FMarket; }
     TSubscriptionService& Subscriptions() { return FSubscriptions; }
@@ -97,6 +102,8 @@ private:
     std::optional<TPaperContract> PaperContractOf(const std::string& Symbol);
     std::string MarketDayOf(const std::string& Symbol) const;
     std::optional<double> SettlementOf(const std::string& Symbol);
+    const TQuoteRow* QuoteOf(const std::string& Symbol);  // null while no data have come
+    THeldQuantities HeldOf(const std::string& Account) const;
     std::optional<TQuoteForm> QuoteFormOf(const std::string& Symbol) const;
 
     std::filesystem::path FSampleFolder;
@@ -124,6 +131,10 @@ private:
     TEditorService FEditors;
     std::unique_ptr<TPositionService> FPositions;
     TOrderService FOrders{FMarket, FLanguage};
+    TTradingFacts FOrderFacts{{FMarket, FProfile, FConfig, [this](const auto& Symbol) { return QuoteOf(Symbol); },
+                               [this](const auto& Account) { return HeldOf(Account); }}};
+    TOrderActionService FOrderActions{FOrderFacts, FLanguage,
+                                      [this](const auto& Order) { FOrderSystem->Place(Order); }};
     TFormatterService FFormatter;
     TExchangeOrder FExchangeOrder{FMarket};
     TSeriesOrder FSeriesOrder{FMarket};

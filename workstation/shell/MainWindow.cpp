@@ -2,6 +2,7 @@
 #include "workstation/shell/MainWindow.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDateTime>
 
 #include "framework/base/Log.h"
@@ -28,7 +29,13 @@ constexpr char kShowHintIcon[] = "show-hint";
 }  // namespace
 
 TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
-    : FWorkstation(Workstation), FContext(Context), FDialogs(std::move(Dialogs)), FPopups(Context) {
+    : FWorkstation(Workstation),
+      FContext(Context),
+      FDialogs(std::move(Dialogs)),
+      FPopups(Context),
+      FConfirmation(
+          {Workstation.OrderFacts(), Workstation.OrderService(), Workstation.OrderActions(), Workstation.Language()},
+          Context, this) {
     const auto Sentence = [this](const fw::TLogEntry& Entry) {
         return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
     };
@@ -41,6 +48,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     addDockWidget(Qt::BottomDockWidgetArea, FPanel);
     resize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()));
     FDocks = std::make_unique<TViewDocks>(*this, FCatalog, Context, *FDialogs);
+    FDocks->IsHeld = [this] { return FConfirmation.IsOpen(); };
     FStatus->OnProblemClicked = [this] {
         FPanel->show();
         FPanel->raise();
@@ -162,6 +170,9 @@ void TMainWindow::PollRun() {
     }
 }
 
+// The view whose orders wait for their confirmation stays until it is answered.
+void TMainWindow::closeEvent(QCloseEvent* Event) { Event->setAccepted(!FConfirmation.IsOpen()); }
+
 // The first view gets what the messages do not need; from then on the border is the user's.
 void TMainWindow::GiveRoomToViews() {
     TViewDock* First = FDocks->Docks().front();
@@ -189,6 +200,7 @@ void TMainWindow::SetLanguage(int Language) {
     FMessages->Retranslate();
     FPanel->Retranslate();
     FStatus->Retranslate();
+    FConfirmation.Retranslate();
     BuildMenus();
 }
 
@@ -201,6 +213,7 @@ void TMainWindow::SetSkin(const std::string& Skin) {
 
 bool TMainWindow::SetUser(const std::string& Code) {
     if (Code == FWorkstation.User().Code) return true;
+    if (FConfirmation.IsOpen()) return false;
     if (!FDocks->Docks().empty() && !FDialogs->Ask(this, FContext.Translate("Res_UserAskSwitch"))) {
         BuildMenus();
         return false;
