@@ -114,7 +114,7 @@ protected:
             auto* Dialog = dynamic_cast<ws::TBatchDialog*>(QApplication::activeModalWidget());
             Opened = Dialog != nullptr;
             if (!Dialog) return;
-            EXPECT_TRUE(QTest::qWaitForWindowActive(Dialog));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Dialog->isActiveWindow(); }, 5000));
             InDialog(*Dialog);
             if (QApplication::activeModalWidget() == Dialog) Dialog->reject();
         });
@@ -385,7 +385,7 @@ TEST_F(BatchDialogTest, ATableOfAnotherClassShowsRowsThatCannotBeSent) {
     QTimer::singleShot(0, &Window, [&] {
         auto* Dialog = dynamic_cast<ws::TBatchDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(Dialog, nullptr);
-        Opened = QTest::qWaitForWindowActive(Dialog);
+        Opened = QTest::qWaitFor([&] { return Dialog->isActiveWindow(); }, 5000);
         EXPECT_EQ(Ticks(*Dialog), "--");
         EXPECT_FALSE(Dialog->SendButton().isEnabled());
         Press(Qt::Key_Escape);
