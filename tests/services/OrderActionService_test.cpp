@@ -186,6 +186,17 @@ TEST_F(OrderActionService, TheRefusingChecksAreAppliedOnceMore) {
     EXPECT_EQ(Shown, TTexts{"Order 2 (C2) is not accepted: no exchange lists C2."});
 }
 
+TEST_F(OrderActionService, EachRoundOfChecksReadsUserAndLimitsAnew) {
+    const auto Orders = Batch(2);
+    EXPECT_TRUE(Service.CheckOrder(*Orders[0], 1, true));
+    Service.Confirmed(Rows(Orders, "xx"));
+    Facts.User.Accounts = {"H001"};
+    Take(Orders);
+    EXPECT_TRUE(Tickets.empty());
+    Facts.User.Accounts = {"A100"};
+    EXPECT_TRUE(Service.CheckOrder(*Batch(1, 9)[0], 1, true));
+}
+
 TEST_F(OrderActionService, AStoreThatCannotBeWrittenStopsTheBatchWithOneMessage) {
     const auto Orders = Batch(4);
     Service.Confirmed(Rows(Orders, "x-xx"));

@@ -36,16 +36,17 @@ void TOrderActionService::Tell(const char* Key, std::vector<std::string> Args) {
 }
 
 std::optional<TReason> TOrderActionService::RefusalOf(const TOrderTicket& Order) {
-    const auto Limits = FFacts.Limits();
-    const auto Trader = FFacts.Trader();
-    const auto Contract = FFacts.Contract(Order.Symbol, Limits);
-    auto Refusal = FindRefusal({Order, Contract, Trader, Limits, 0.0, 0.0, fw::TCustomFormatter::GetInstance()});
+    if (!FRound) FRound = TRound{FFacts.Trader(), FFacts.Limits()};
+    const auto Contract = FFacts.Contract(Order.Symbol, FRound->Limits);
+    auto Refusal =
+        FindRefusal({Order, Contract, FRound->Trader, FRound->Limits, 0.0, 0.0, fw::TCustomFormatter::GetInstance()});
     return Refusal ? std::optional(std::move(Refusal->Reason)) : std::nullopt;
 }
 
 bool TOrderActionService::CheckOrder(fw::TCustomClientOrder& Order, int Action, bool Flag) {
     FCheckedPlace = Order.GetLineId() == FLastChecked + 1 ? FCheckedPlace + 1 : 1;
     FLastChecked = Order.GetLineId();
+    if (FCheckedPlace == 1) FRound.reset();
     std::optional<TReason> Refusal;
     try {
         Refusal =
@@ -63,6 +64,7 @@ void TOrderActionService::Confirmed(const std::vector<TReviewRow>& Rows) {
     FShown.clear();
     FStopped = false;
     FLastChecked = -1;
+    FRound.reset();
     FBatchId = std::to_string(NowMilliseconds()) + "-" + std::to_string(++FBatches);
     const auto Size =
         static_cast<int>(std::count_if(Rows.begin(), Rows.end(), [](const TReviewRow& Row) { return Row.Ticked; }));

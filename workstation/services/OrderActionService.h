@@ -38,6 +38,11 @@ private:
         bool Taken = false;  // asked for once
         bool Sent = false;
     };
+    // The user and the limits are read once for each round of checks: they come from the store.
+    struct TRound {
+        TTraderFacts Trader;
+        TTradingLimits Limits;
+    };
     std::optional<TReason> RefusalOf(const TOrderTicket& Order);
     void Send(TShownOrder& Shown);
     void Stop(const TReason& Reason);
@@ -54,6 +59,7 @@ private:
     bool FStopped = false;      // the store failed in this batch
     int64_t FLastChecked = -1;  // line ids of a batch follow each other
     int FCheckedPlace = 0;
+    std::optional<TRound> FRound;  // none: the next check begins one
 };
 
 }  // namespace ws
