@@ -167,14 +167,47 @@ TEST_F(TOrderFaults, AnOrderWhoseSendingThrowsIsUnknown) {
     ExpectStoreAgrees();
 }
 
-TEST_F(TOrderFaults, AThousandOrdersAreWrittenOneByOneAndSentInTurn) {
-    std::size_t InStore = 0;
-    Gateway.OnSend = [&](const TOrderRow& Row) { InStore += Orders->Find(Row.Id) ? 1u : 0u; };
-    std::set<std::string> Ids;
-    for (int i = 0; i < 1000; ++i) Ids.insert(Orders->Place(Ticket(i % 2, 1 + i)));
-    EXPECT_EQ(Ids.size(), 1000u);
-    EXPECT_EQ(InStore, 1000u);
-    for (int i = 0; i < 1000; ++i) EXPECT_EQ(Gateway.Sent[static_cast<std::size_t>(i)].Qty, 1 + i);
+TEST_F(TOrderFaults, OfABatchThatCannotBeWrittenNothingIsSent) {
+    {
+        const TForeignLock Lock(File());
+        EXPECT_EQ(ErrorKeyOf([&] { Orders->PlaceAll({Ticket(0, 1), Ticket(0, 2)}); }), kStoreLocked);
+    }
+    auto None = Ticket(0, 2);
+    None.Price = std::numeric_limits<double>::quiet_NaN();  // the second cannot be stored
+    EXPECT_EQ(ErrorKeyOf([&] { Orders->PlaceAll({Ticket(0, 1), None}); }), kStoreFailed);
+    EXPECT_TRUE(Gateway.Sent.empty());
+    EXPECT_TRUE(Orders->Orders().empty());
+    EXPECT_TRUE(Store->LoadOrders().empty());
+    EXPECT_TRUE(Heard.empty());
+}
+
+// The write fails after the events have been worked out: memory takes them back, and nothing is logged twice.
+TEST_F(TOrderFaults, ARoundThatCannotBeWrittenLeavesNoTrace) {
+    Start(true);
+    const auto Id = Orders->Place(Ticket(0, 5));
+    Heard.clear();
+    {
+        const TFullDisk Full(File());
+        Gateway.Events->OrderAccepted(Id);
+        Gateway.Events->OrderFilled(Id, "E1", 2, 100);
+        Gateway.Events->OrderFilled(Id, "E2", 5, 100);  // beyond the quantity
+        Gateway.Events->OrderFilled("other", "E3", 1, 1);
+        for (int Try = 0; Try < 3; ++Try) {
+            RunPosted();
+            Orders->Retry();
+            EXPECT_EQ(StateOf(Id), EState::New);
+            EXPECT_EQ(FilledOf(Id), 0);
+            EXPECT_EQ(HeldQty(), 0);
+            EXPECT_TRUE(Heard.empty());
+            EXPECT_EQ(Logged.size(), 1u);  // that it is kept
+        }
+    }
+    Orders->Retry();
+    EXPECT_EQ(StateOf(Id), EState::Filled);
+    EXPECT_EQ(HeldQty(), 7);
+    EXPECT_EQ(Count("Res_OrderFilledBeyond"), 1);
+    EXPECT_EQ(Count("Res_OrderFillUnknown"), 1);
+    EXPECT_EQ(Store->LoadExecutions().size(), 2u);
     ExpectStoreAgrees();
 }
 

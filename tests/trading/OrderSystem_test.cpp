@@ -249,5 +249,51 @@ TEST_F(TOrderSystemTest, AnswersFromInsideAnEventWaitForItsEnd) {
     ExpectStoreAgrees();
 }
 
+// A thousand legs are one transaction, not a thousand: all of them stand in the file when the first is sent.
+TEST_F(TOrderSystemTest, ABatchIsWrittenAsOneBeforeItsFirstOrderIsSent) {
+    std::vector<TOrderTicket> Batch;
+    for (int i = 0; i < 1000; ++i) Batch.push_back(Ticket(i % 2, 1 + i));
+    std::size_t StoredAtFirst = 0;
+    Gateway.OnSend = [&](const TOrderRow&) {
+        if (Gateway.Sent.size() == 1) StoredAtFirst = TStore::OpenFile(File(), kNow).Store->LoadOrders().size();
+    };
+    const auto Ids = Orders->PlaceAll(Batch);
+    EXPECT_EQ(StoredAtFirst, 1000u);
+    EXPECT_EQ(std::set<std::string>(Ids.begin(), Ids.end()).size(), 1000u);
+    ASSERT_EQ(Gateway.Sent.size(), 1000u);
+    for (std::size_t i = 0; i < 1000; ++i) {
+        EXPECT_EQ(Gateway.Sent[i].Id, Ids[i]);
+        EXPECT_EQ(Gateway.Sent[i].Qty, static_cast<double>(1 + i));
+    }
+    EXPECT_EQ(Heard.size(), 1000u);
+    EXPECT_TRUE(Orders->PlaceAll({}).empty());
+    ExpectStoreAgrees();
+}
+
+TEST_F(TOrderSystemTest, WhatIsToldInOneRoundIsWrittenTogetherAndHeardOnce) {
+    Start(true);
+    const auto A = Orders->Place(Ticket(0, 5)), B = Orders->Place(Ticket(1, 2));
+    Heard.clear();
+    Gateway.Events->OrderAccepted(B);
+    Gateway.Events->OrderAccepted(A);
+    Gateway.Events->OrderFilled(A, "E1", 2, 100);
+    Gateway.Events->OrderFilled(A, "E1", 2, 100);
+    Gateway.Events->OrderFilled(A, "E2", 3, 101);
+    Gateway.Events->OrderFilled("other", "E3", 1, 1);
+    EXPECT_EQ(Posted.size(), 1u);
+    EXPECT_TRUE(Heard.empty());
+    EXPECT_EQ(StateOf(A), EState::New);
+    RunPosted();
+    EXPECT_EQ(Heard, (std::vector<std::string>{A + " 3", B + " 1", "holdings"}));
+    EXPECT_EQ(FilledOf(A), 5);
+    EXPECT_DOUBLE_EQ(Orders->Find(A)->AvgFillPrice, 100.6);
+    EXPECT_EQ(Count("Res_OrderFillUnknown"), 1);
+    ExpectStoreAgrees();
+    Gateway.Events->OrderCancelled(B);
+    EXPECT_EQ(Posted.size(), 1u);  // the next round is asked for
+    RunPosted();
+    EXPECT_EQ(StateOf(B), EState::Cancelled);
+}
+
 }  // namespace
 }  // namespace ws::test

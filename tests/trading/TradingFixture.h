@@ -49,6 +49,7 @@ protected:
     std::unique_ptr<TOrderSystem> Orders;
     std::vector<fw::TLogEntry> Logged;
     std::vector<std::string> Heard;  // what listeners were told: "id state", "holdings"
+    std::vector<std::function<void()>> Posted;
     fw::TConnections Links;
 
     TTradingFixture() {
@@ -58,22 +59,27 @@ protected:
 
     std::filesystem::path File() const { return Folder / "store.db"; }
 
-    // A new run over the same file.
-    void Start() {
+    // A new run over the same file. InRounds: what is told waits for RunPosted.
+    void Start(bool InRounds = false) {
         Orders.reset();
         Store.reset();
         Store = TStore::OpenFile(File(), kNow).Store;
-        Orders = std::make_unique<TOrderSystem>(
-            *Store, Gateway,
-            TOrderMarket{[this](const std::string&) { return Today; },
-                         [this](const std::string& Symbol) {
-                             const auto It = Settlements.find(Symbol);
-                             return It == Settlements.end() ? std::nullopt : std::optional(It->second);
-                         }});
+        TOrderHost Host;
+        Host.MarketDay = [this](const std::string&) { return Today; };
+        Host.PreviousSettlement = [this](const std::string& Symbol) {
+            const auto It = Settlements.find(Symbol);
+            return It == Settlements.end() ? std::nullopt : std::optional(It->second);
+        };
+        if (InRounds) Host.Post = [this](std::function<void()> Task) { Posted.push_back(std::move(Task)); };
+        Orders = std::make_unique<TOrderSystem>(*Store, Gateway, std::move(Host));
         Links += Orders->OnOrderChanged.Connect([this](const TOrderRow& Row) {
             Heard.push_back(Row.Id + " " + std::to_string(static_cast<int>(Row.State)));
         });
         Links += Orders->OnHoldingsChanged.Connect([this] { Heard.push_back("holdings"); });
+    }
+
+    void RunPosted() {
+        for (auto& Task : std::exchange(Posted, {})) Task();
     }
 
     EOrderState StateOf(const std::string& Id) const { return Orders->Find(Id)->State; }

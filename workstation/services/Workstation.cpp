@@ -73,8 +73,9 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
 void TWorkstation::OpenOrders() {
     FOrderSystem = std::make_unique<TOrderSystem>(
         *FStore, FExchange,
-        TOrderMarket{[this](const std::string& Symbol) { return MarketDayOf(Symbol); },
-                     [this](const std::string& Symbol) { return SettlementOf(Symbol); }});
+        TOrderHost{[this](const std::string& Symbol) { return MarketDayOf(Symbol); },
+                   [this](const std::string& Symbol) { return SettlementOf(Symbol); },
+                   [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }});
     FPositions = std::make_unique<TPositionService>(*FOrderSystem, FSubscriptions);
     const auto Open = std::count_if(FOrderSystem->Orders().begin(), FOrderSystem->Orders().end(),
                                     [](const auto& Row) { return Row.State == EOrderState::Unknown; });

@@ -2,13 +2,12 @@
 #include "workstation/trading/OrderSystem.h"
 
 #include <cmath>
+#include <functional>
 
 #include "framework/base/Clock.h"
 #include "framework/base/Dispatch.h"
-#include "framework/base/Log.h"
 #include "framework/base/Numbers.h"
 #include "workstation/market/MarketDay.h"
-#include "workstation/store/StoreTransaction.h"
 #include "workstation/trading/AveragePrices.h"
 
 namespace ws {
@@ -22,8 +21,8 @@ std::string NumberText(double Value) { return fw::FloatToShortestText(Value); }
 
 }  // namespace
 
-TOrderSystem::TOrderSystem(TStore& Store, IOrderGateway& Gateway, TOrderMarket Market)
-    : FStore(Store), FGateway(Gateway), FMarket(std::move(Market)) {
+TOrderSystem::TOrderSystem(TStore& Store, IOrderGateway& Gateway, TOrderHost Host)
+    : FStore(Store), FGateway(Gateway), FHost(std::move(Host)) {
     Load();
     LeaveToTheExchange();
     FGateway.SetEvents(this);
@@ -72,22 +71,32 @@ void TOrderSystem::LeaveToTheExchange() {
     for (auto& Row : Left) FOrders[FPlaces.at(Row.Id)] = std::move(Row);
 }
 
-std::string TOrderSystem::Place(const TOrderTicket& Ticket) {
-    TOrderRow Row;
-    static_cast<TOrderTicket&>(Row) = Ticket;
-    Row.Created = Row.Changed = NowMs();
+std::string TOrderSystem::Place(const TOrderTicket& Ticket) { return PlaceAll({Ticket}).front(); }
+
+std::vector<std::string> TOrderSystem::PlaceAll(const std::vector<TOrderTicket>& Tickets) {
+    std::vector<TOrderRow> Rows;
+    std::vector<std::string> Ids;
     {
         TStoreTransaction Transaction(FStore);
-        Row.Id = Transaction.AddOrder(Row);
+        for (const auto& Ticket : Tickets) {
+            auto& Row = Rows.emplace_back();
+            static_cast<TOrderTicket&>(Row) = Ticket;
+            Row.Created = Row.Changed = NowMs();
+            Row.Id = Transaction.AddOrder(Row);
+            Ids.push_back(Row.Id);
+        }
         Transaction.Commit();
     }
-    const std::string Id = Row.Id;
-    FPlaces[Id] = FOrders.size();
-    FOrders.push_back(Row);
-    const bool Sent = fw::Dispatch("send order", [&] { FGateway.Send(Row); });
-    OnOrderChanged(FOrders[FPlaces.at(Id)]);
-    if (!Sent) Take([this, Id] { return End(Id, EOrderState::Unknown, {"Res_OrderSendFailed", {}}); });
-    return Id;
+    for (const auto& Row : Rows) {
+        FPlaces[Row.Id] = FOrders.size();
+        FOrders.push_back(Row);
+    }
+    for (const auto& Row : Rows) {
+        const bool Sent = fw::Dispatch("send order", [&] { FGateway.Send(Row); });
+        OnOrderChanged(FOrders[FPlaces.at(Row.Id)]);
+        if (!Sent) Take([this, Id = Row.Id] { End(Id, EOrderState::Unknown, {"Res_OrderSendFailed", {}}); });
+    }
+    return Ids;
 }
 
 void TOrderSystem::Cancel(const std::string& OrderId) {
@@ -107,137 +116,156 @@ const TOrderRow* TOrderSystem::Find(const std::string& OrderId) const {
     return It == FPlaces.end() ? nullptr : &FOrders[It->second];
 }
 
-TOrderRow* TOrderSystem::Known(const std::string& OrderId) {
-    const auto It = FPlaces.find(OrderId);
-    if (It != FPlaces.end()) return &FOrders[It->second];
-    fw::TLog::Warning("Res_OrderEventUnknown", {OrderId});
-    return nullptr;
+const TOrderRow* TOrderSystem::Known(const std::string& OrderId) {
+    const auto* Row = Find(OrderId);
+    if (!Row) Log(fw::ELogLevel::Warning, "Res_OrderEventUnknown", {OrderId});
+    return Row;
 }
 
 void TOrderSystem::OrderAccepted(const std::string& OrderId) {
-    Take([this, OrderId]() -> TChange {
-        const auto* Row = Known(OrderId);
-        // The acceptance may come behind what followed it.
-        if (!Row || (Row->State != EOrderState::New && Row->State != EOrderState::Unknown)) return {};
-        TOrderRow Changed = *Row;
-        Changed.State = Changed.FilledQty > 0 ? EOrderState::PartlyFilled : EOrderState::Accepted;
-        Changed.Reason = {};
-        return Write(std::move(Changed));
-    });
+    Take([=, this] { Accept(OrderId); });
 }
 
 void TOrderSystem::OrderRejected(const std::string& OrderId, const TReason& Reason) {
-    Take([=, this] { return End(OrderId, EOrderState::Rejected, Reason); });
+    Take([=, this] { End(OrderId, EOrderState::Rejected, Reason); });
 }
 
 void TOrderSystem::OrderCancelled(const std::string& OrderId) {
-    Take([=, this] { return End(OrderId, EOrderState::Cancelled, {}); });
+    Take([=, this] { End(OrderId, EOrderState::Cancelled, {}); });
 }
 
 void TOrderSystem::OrderFilled(const std::string& OrderId, const std::string& ExecutionId, double Qty, double Price) {
-    Take([this, Told = TFill{OrderId, ExecutionId, Qty, Price}] { return Fill(Told); });
+    Take([this, Told = TFill{OrderId, ExecutionId, Qty, Price}] { Fill(Told); });
+}
+
+// The acceptance may come behind what followed it.
+void TOrderSystem::Accept(const std::string& OrderId) {
+    const auto* Row = Known(OrderId);
+    if (!Row || (Row->State != EOrderState::New && Row->State != EOrderState::Unknown)) return;
+    TOrderRow Changed = *Row;
+    Changed.State = Changed.FilledQty > 0 ? EOrderState::PartlyFilled : EOrderState::Accepted;
+    Changed.Reason = {};
+    Write(std::move(Changed));
 }
 
 // The first end stands.
-TOrderSystem::TChange TOrderSystem::End(const std::string& OrderId, EOrderState State, const TReason& Reason) {
+void TOrderSystem::End(const std::string& OrderId, EOrderState State, const TReason& Reason) {
     const auto* Row = Known(OrderId);
-    if (!Row || Row->State == State) return {};
-    if (IsFinal(Row->State)) {
-        fw::TLog::Warning("Res_OrderEndedTwice", {OrderId, Row->Symbol});
-        return {};
-    }
+    if (!Row || Row->State == State) return;
+    if (IsFinal(Row->State)) return Log(fw::ELogLevel::Warning, "Res_OrderEndedTwice", {OrderId, Row->Symbol});
     TOrderRow Changed = *Row;
     Changed.State = State;
     Changed.Reason = Reason;
-    return Write(std::move(Changed));
+    Write(std::move(Changed));
 }
 
 // A fill counts whatever was known of the order before: the exchange is right.
-TOrderSystem::TChange TOrderSystem::Fill(const TFill& Told) {
+void TOrderSystem::Fill(const TFill& Told) {
     const std::string Qty = NumberText(Told.Qty), Price = NumberText(Told.Price);
-    const auto It = FPlaces.find(Told.OrderId);
-    if (It == FPlaces.end()) {
-        fw::TLog::Error("Res_OrderFillUnknown", {Told.OrderId, Told.ExecutionId, Qty, Price});
-        return {};
-    }
-    const TOrderRow& Row = FOrders[It->second];
-    if (FExecutionIds.contains(Told.ExecutionId)) return {};
-    if (Told.ExecutionId.empty() || !std::isfinite(Told.Qty) || !(Told.Qty > kNoQty) || !std::isfinite(Told.Price)) {
-        fw::TLog::Error("Res_OrderFillUnusable", {Told.OrderId, Row.Symbol, Told.ExecutionId, Qty, Price});
-        return {};
-    }
-    TOrderRow Changed = Row;
-    Changed.FilledQty = Row.FilledQty + Told.Qty;
-    Changed.AvgFillPrice = (Row.FilledQty * Row.AvgFillPrice + Told.Qty * Told.Price) / Changed.FilledQty;
-    const bool Ended = IsFinal(Row.State), Beyond = Changed.FilledQty > Row.Qty + kNoQty;
+    const auto* Row = Find(Told.OrderId);
+    if (!Row) return Log(fw::ELogLevel::Error, "Res_OrderFillUnknown", {Told.OrderId, Told.ExecutionId, Qty, Price});
+    if (FExecutionIds.contains(Told.ExecutionId)) return;
+    if (Told.ExecutionId.empty() || !std::isfinite(Told.Qty) || !(Told.Qty > kNoQty) || !std::isfinite(Told.Price))
+        return Log(fw::ELogLevel::Error, "Res_OrderFillUnusable",
+                   {Told.OrderId, Row->Symbol, Told.ExecutionId, Qty, Price});
+    TOrderRow Changed = *Row;
+    Changed.FilledQty = Row->FilledQty + Told.Qty;
+    Changed.AvgFillPrice = (Row->FilledQty * Row->AvgFillPrice + Told.Qty * Told.Price) / Changed.FilledQty;
+    const bool Ended = IsFinal(Row->State), Beyond = Changed.FilledQty > Row->Qty + kNoQty;
     if (!Ended) {
-        Changed.State = Changed.FilledQty >= Row.Qty - kNoQty ? EOrderState::Filled : EOrderState::PartlyFilled;
+        Changed.State = Changed.FilledQty >= Row->Qty - kNoQty ? EOrderState::Filled : EOrderState::PartlyFilled;
         Changed.Reason = {};
     }
     const TExecutionRow Execution{
-        Told.ExecutionId,  Row.Id, Row.Account, Row.Symbol, Row.Side == 0 ? Told.Qty : -Told.Qty, Told.Price,
-        DayOf(Row.Symbol), NowMs()};
-    const TChange Change = Write(std::move(Changed), &Execution);
-    if (!Change.Order) return Change;
+        Told.ExecutionId,   Row->Id, Row->Account, Row->Symbol, Row->Side == 0 ? Told.Qty : -Told.Qty, Told.Price,
+        DayOf(Row->Symbol), NowMs()};
+    if (!Write(std::move(Changed), &Execution)) return;
     if (Beyond)
-        fw::TLog::Error("Res_OrderFilledBeyond",
-                        {Row.Id, Row.Symbol, NumberText(Row.FilledQty), NumberText(Row.Qty), Price});
+        Log(fw::ELogLevel::Error, "Res_OrderFilledBeyond",
+            {Row->Id, Row->Symbol, NumberText(Row->FilledQty), NumberText(Row->Qty), Price});
     else if (Ended)
-        fw::TLog::Warning("Res_OrderFillAfterEnd", {Row.Id, Row.Symbol, Qty, Price});
-    return Change;
+        Log(fw::ELogLevel::Warning, "Res_OrderFillAfterEnd", {Row->Id, Row->Symbol, Qty, Price});
 }
 
-TOrderSystem::TChange TOrderSystem::Write(TOrderRow Changed, const TExecutionRow* Execution) {
+// False: another workstation on the same store has counted the execution.
+bool TOrderSystem::Write(TOrderRow Changed, const TExecutionRow* Execution) {
     Changed.Changed = NowMs();
-    TStoreTransaction Transaction(FStore);
-    if (Execution && !Transaction.AddExecution(*Execution)) return {};
-    Transaction.ChangeOrder(Changed);
-    Transaction.Commit();
-    TOrderRow& Row = FOrders[FPlaces.at(Changed.Id)];
+    if (Execution && !FRound->Transaction.AddExecution(*Execution)) return false;
+    FRound->Transaction.ChangeOrder(Changed);
+    const std::size_t Place = FPlaces.at(Changed.Id);
+    FRound->Changed.insert(Place);
+    TOrderRow& Row = FOrders[Place];
+    FRound->Undo.push_back([&Row, Before = Row] { Row = Before; });
     Row = std::move(Changed);
-    if (Execution) {
-        FExecutionIds.insert(Execution->Id);
-        TBook& Book = FBooks[{Execution->Account, Execution->Symbol}];
-        Book.Executions.push_back(*Execution);
+    if (!Execution) return true;
+    FRound->Holdings = true;
+    TBook& Book = FBooks[{Execution->Account, Execution->Symbol}];
+    FRound->Undo.push_back([this, &Book, Id = Execution->Id] {
+        FExecutionIds.erase(Id);
+        Book.Executions.pop_back();
         Book.Holding.reset();
-    }
-    return {&Row, Execution != nullptr};
+    });
+    FExecutionIds.insert(Execution->Id);
+    Book.Executions.push_back(*Execution);
+    Book.Holding.reset();
+    return true;
+}
+
+// Heard once the round is written: a round that is tried again says nothing twice.
+void TOrderSystem::Log(fw::ELogLevel Level, std::string Key, std::vector<std::string> Args) {
+    FRound->Log.push_back({Level, std::move(Key), std::move(Args)});
 }
 
 void TOrderSystem::Take(TEvent Event) {
     FWaiting.push_back(std::move(Event));
-    if (!FStalled) Retry();
+    if (FStalled || FPosted) return;
+    if (!FHost.Post) return Retry();
+    FPosted = true;
+    FHost.Post([this] {
+        FPosted = false;
+        Retry();
+    });
 }
 
 void TOrderSystem::Retry() {
-    if (FTaking) return;
-    FTaking = true;
-    try {
-        while (!FWaiting.empty()) {
-            const TChange Change = FWaiting.front()();
-            FWaiting.pop_front();
-            if (Change.Order) OnOrderChanged(*Change.Order);
-            if (Change.Holding) OnHoldingsChanged();
+    while (!FRound && !FWaiting.empty()) {
+        const std::size_t Count = FWaiting.size();
+        try {
+            FRound.emplace(FStore);
+            for (std::size_t i = 0; i < Count; ++i) FWaiting[i]();
+            FRound->Transaction.Commit();
+        } catch (const EStoreError&) {
+            return KeepWaiting();
         }
+        FWaiting.erase(FWaiting.begin(), FWaiting.begin() + static_cast<std::ptrdiff_t>(Count));
         if (FStalled) fw::TLog::Info("Res_OrderEventsWritten", {FStore.FileName()});
         FStalled = false;
-    } catch (const EStoreError&) {
-        if (!FStalled) fw::TLog::Error("Res_OrderEventsKept", {FStore.FileName()});
-        FStalled = true;
-    } catch (...) {
-        FTaking = false;
-        throw;
+        fw::Dispatch("order events", [this] { Tell(*FRound); });
+        FRound.reset();
     }
-    FTaking = false;
+}
+
+void TOrderSystem::KeepWaiting() {
+    if (FRound)
+        for (auto It = FRound->Undo.rbegin(); It != FRound->Undo.rend(); ++It) (*It)();
+    FRound.reset();
+    if (!FStalled) fw::TLog::Error("Res_OrderEventsKept", {FStore.FileName()});
+    FStalled = true;
+}
+
+void TOrderSystem::Tell(const TRound& Round) const {
+    for (const auto& Entry : Round.Log) fw::TLog::Write(Entry.Level, Entry.Key, Entry.Args);
+    for (const std::size_t Place : Round.Changed) OnOrderChanged(FOrders[Place]);
+    if (Round.Holdings) OnHoldingsChanged();
 }
 
 std::string TOrderSystem::DayOf(const std::string& Symbol) const {
-    return FMarket.MarketDay ? FMarket.MarketDay(Symbol) : MarketDayText(MarketDayAt(fw::TClock::Now(), 0));
+    return FHost.MarketDay ? FHost.MarketDay(Symbol) : MarketDayText(MarketDayAt(fw::TClock::Now(), 0));
 }
 
 const THolding& TOrderSystem::HoldingIn(const TBookKey& Key, const TBook& Book) const {
     const std::string Day = DayOf(Key.second);
-    const auto Settlement = FMarket.PreviousSettlement ? FMarket.PreviousSettlement(Key.second) : std::nullopt;
+    const auto Settlement = FHost.PreviousSettlement ? FHost.PreviousSettlement(Key.second) : std::nullopt;
     if (!Book.Holding || Book.Day != Day || Book.Settlement != Settlement) {
         Book.Holding = HoldingOf(Book.Executions, Day, Settlement);
         Book.Day = Day;
