@@ -143,8 +143,8 @@ protected:
     ws::TOrderService* Orders = dynamic_cast<ws::TOrderService*>(OrderScope.operator->());
     ws::test::TFakeFacts Facts;
     std::vector<ws::TOrderTicket> Placed;
-    ws::TOrderActionService Actions{Facts, Language,
-                                    [this](const ws::TOrderTicket& Order) { Placed.push_back(Order); }};
+    ws::TOrderActionService Actions{
+        Facts, Language, {[this](const std::vector<ws::TOrderTicket>& Sent) { Placed = Sent; }, [](auto) {}}};
     ws::TRenderContext Context;
     QMainWindow Window;
     ws::TBatchConfirmation Confirmation{{Facts, *Orders, Actions, Language}, Context, &Window};

@@ -88,10 +88,14 @@ protected:
     TThrowingFacts Facts;
     std::vector<TOrderTicket> Tickets;
     std::function<void()> BeforePlace;
-    TOrderActionService Service{Facts, Language, [this](const TOrderTicket& Ticket) {
-                                    if (BeforePlace) BeforePlace();
-                                    Tickets.push_back(Ticket);
-                                }};
+    std::vector<std::function<void()>> Posted;
+    TOrderActionService Service{Facts,
+                                Language,
+                                {[this](const std::vector<TOrderTicket>& Orders) {
+                                     if (BeforePlace) BeforePlace();
+                                     Tickets.insert(Tickets.end(), Orders.begin(), Orders.end());
+                                 },
+                                 [this](std::function<void()> Task) { Posted.push_back(std::move(Task)); }}};
 };
 
 }  // namespace
@@ -197,15 +201,49 @@ TEST_F(OrderActionService, EachRoundOfChecksReadsUserAndLimitsAnew) {
     EXPECT_TRUE(Service.CheckOrder(*Batch(1, 9)[0], 1, true));
 }
 
+TEST_F(OrderActionService, ABatchGoesOutWithItsLastOrder) {
+    const auto Orders = Batch(3);
+    Service.Confirmed(Rows(Orders, "xx-"));
+    Service.TakeAction(nullptr, *Orders[0], 1, true);
+    EXPECT_TRUE(Tickets.empty());
+    Service.TakeAction(nullptr, *Orders[1], 1, true);
+    EXPECT_EQ(Placed(), (std::vector<std::string>{"C1 1/2", "C2 2/2"}));
+    for (const auto& Task : Posted) Task();
+    EXPECT_EQ(Tickets.size(), 2u) << "each once";
+}
+
+TEST_F(OrderActionService, ABatchWhoseLastOrderNeverComesGoesOutFromTheLoop) {
+    const auto Orders = Batch(3);
+    Service.Confirmed(Rows(Orders, "xxx"));
+    Service.TakeAction(nullptr, *Orders[0], 1, true);
+    Service.TakeAction(nullptr, *Orders[1], 1, true);
+    ASSERT_EQ(Posted.size(), 1u);
+    Posted[0]();
+    EXPECT_EQ(Placed(), (std::vector<std::string>{"C1 1/3", "C2 2/3"}));
+    Service.TakeAction(nullptr, *Orders[2], 1, true);
+    EXPECT_EQ(Placed().back(), "C3 3/3");
+    EXPECT_EQ(Service.LastSent()->Orders.size(), 3u);
+    // The next answer may come before the loop.
+    const auto Next = Batch(2, 10);
+    Service.Confirmed(Rows(Next, "xx"));
+    Service.TakeAction(nullptr, *Next[0], 1, true);
+    Service.Confirmed({});
+    EXPECT_EQ(Tickets.size(), 4u);
+}
+
 TEST_F(OrderActionService, AStoreThatCannotBeWrittenStopsTheBatchWithOneMessage) {
     const auto Orders = Batch(4);
     Service.Confirmed(Rows(Orders, "x-xx"));
+    Service.TakeAction(nullptr, *Orders[0], 1, true);
+    Posted[0]();  // one goes out on its own
     int Calls = 0;
     BeforePlace = [&] {
-        if (++Calls == 2) throw EStoreError(kStoreDiskFull, {"store.db"});
+        ++Calls;
+        throw EStoreError(kStoreDiskFull, {"store.db"});
     };
-    Take(Orders);
-    EXPECT_EQ(Calls, 2);
+    for (int i = 1; i < 4; ++i) Service.TakeAction(nullptr, *Orders[static_cast<size_t>(i)], 1, true);
+    for (const auto& Task : Posted) Task();
+    EXPECT_EQ(Calls, 1);
     EXPECT_EQ(Placed(), std::vector<std::string>{"C1 1/3"});
     ASSERT_EQ(Shown.size(), 1u);
     const fw::Text Reason = Language.Resource(kStoreDiskFull, {"store.db"});

@@ -2,6 +2,7 @@
 #include "workstation/services/OrderActionService.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/base/Clock.h"
 #include "framework/base/Log.h"
@@ -27,8 +28,8 @@ std::vector<std::string> Together(std::vector<std::string> Args, const TReason& 
 
 }  // namespace
 
-TOrderActionService::TOrderActionService(IOrderFacts& Facts, const TLanguageService& Language, TPlaceOrder Place)
-    : FFacts(Facts), FLanguage(Language), FPlace(std::move(Place)) {}
+TOrderActionService::TOrderActionService(IOrderFacts& Facts, const TLanguageService& Language, TRoute Route)
+    : FFacts(Facts), FLanguage(Language), FRoute(std::move(Route)) {}
 
 void TOrderActionService::Tell(const char* Key, std::vector<std::string> Args) {
     fw::TLog::Warning(Key, Args);
@@ -61,18 +62,18 @@ bool TOrderActionService::CheckOrder(fw::TCustomClientOrder& Order, int Action, 
 }
 
 void TOrderActionService::Confirmed(const std::vector<TReviewRow>& Rows) {
+    Send();  // nothing that was taken is lost
     FShown.clear();
     FStopped = false;
     FLastChecked = -1;
     FRound.reset();
     FBatchId = std::to_string(NowMilliseconds()) + "-" + std::to_string(++FBatches);
-    const auto Size =
-        static_cast<int>(std::count_if(Rows.begin(), Rows.end(), [](const TReviewRow& Row) { return Row.Ticked; }));
+    FOpen = static_cast<int>(std::count_if(Rows.begin(), Rows.end(), [](const TReviewRow& Row) { return Row.Ticked; }));
     int Number = 0, Place = 0;
     for (const auto& Row : Rows) {
         TShownOrder Shown{Row.Order, ++Number, Row.Ticked};
         Shown.Ticket.BatchId = FBatchId;
-        Shown.Ticket.BatchSize = Size;
+        Shown.Ticket.BatchSize = FOpen;
         if (Row.Ticked) Shown.Ticket.Place = ++Place;
         if (Row.LineId != 0) FShown.emplace(Row.LineId, std::move(Shown));
     }
@@ -87,23 +88,39 @@ void TOrderActionService::TakeAction(fw::TObject*, fw::TCustomClientOrder& Order
     if (!Shown.Ticked) return fw::TLog::Info("Res_LogLeftOut", {Row, Order.GetSymbol()});
     if (FStopped) return;  // named in the message that stopped the batch
     Shown.Taken = true;
-    if (!IsSameOrder(TicketOf(Order), Shown.Ticket)) return Tell("Res_OrderChanged", {Row, Order.GetSymbol()});
-    if (const auto Refusal = RefusalOf(Shown.Ticket))
-        return Tell("Res_OrderRefused", Together({Row, Order.GetSymbol()}, *Refusal));
-    Send(Shown);
+    if (!IsSameOrder(TicketOf(Order), Shown.Ticket)) {
+        Tell("Res_OrderChanged", {Row, Order.GetSymbol()});
+    } else if (const auto Refusal = RefusalOf(Shown.Ticket)) {
+        Tell("Res_OrderRefused", Together({Row, Order.GetSymbol()}, *Refusal));
+    } else {
+        Shown.Waiting = true;
+    }
+    if (--FOpen == 0) return Send();
+    if (!std::exchange(FPosted, true)) FRoute.Later([this] { Send(); });
 }
 
-void TOrderActionService::Send(TShownOrder& Shown) {
+void TOrderActionService::Send() {
+    FPosted = false;
+    std::vector<TOrderTicket> Orders;
+    for (const auto& [Id, Each] : FShown)
+        if (Each.Waiting) Orders.push_back(Each.Ticket);
+    if (Orders.empty()) return;
+    const auto End = [this](bool Sent) {
+        for (auto& [Id, Each] : FShown)
+            if (std::exchange(Each.Waiting, false)) Each.Sent = Sent;
+    };
     try {
-        FPlace(Shown.Ticket);
+        FRoute.Place(Orders);
     } catch (const EStoreError& Error) {
+        End(false);
         return Stop({Error.Key(), Error.Args()});
     } catch (const std::exception& Error) {
+        End(false);
         return Stop({"Res_RefuseFailed", {Error.what()}});
     }
-    Shown.Sent = true;
+    End(true);
     if (!FLastSent || FLastSent->Orders.front().BatchId != FBatchId) FLastSent = TSentBatch{{}, NowMilliseconds()};
-    FLastSent->Orders.push_back(Shown.Ticket);
+    FLastSent->Orders.insert(FLastSent->Orders.end(), Orders.begin(), Orders.end());
 }
 
 void TOrderActionService::Stop(const TReason& Reason) {

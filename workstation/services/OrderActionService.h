@@ -15,14 +15,18 @@ namespace ws {
 // An order goes out only when its line was shown and ticked, only as it was shown, and only once.
 class TOrderActionService : public fw::TCustomOrderActionManager {
 public:
-    // Records and sends an order; throws EStoreError when it could not be recorded and was not sent.
-    using TPlaceOrder = std::function<void(const TOrderTicket& Ticket)>;
-    TOrderActionService(IOrderFacts& Facts, const TLanguageService& Language, TPlaceOrder Place);
+    struct TRoute {
+        // Records the orders together, then sends them; throws EStoreError when they could not be recorded and none
+        // was sent.
+        std::function<void(const std::vector<TOrderTicket>& Orders)> Place;
+        std::function<void(std::function<void()> Task)> Later;  // runs the task from the loop
+    };
+    TOrderActionService(IOrderFacts& Facts, const TLanguageService& Language, TRoute Route);
 
     // False when a refusing rule forbids the order or the check itself fails; with Flag the user is told why.
     bool CheckOrder(fw::TCustomClientOrder& Order, int Action, bool Flag) override;
-    // When an order cannot be recorded, it and the rest of its batch stay; one message names what went out and what did
-    // not.
+    // The orders of a batch go out together with its last one; when that does not come, from the loop. When they
+    // cannot be recorded, one message names what went out and what did not.
     void TakeAction(fw::TObject* Owner, fw::TCustomClientOrder& Order, int Action, bool Flag) override;
 
     // The trader's answer to a confirmation: the rows as they were shown. Replaces every earlier answer; no rows:
@@ -35,7 +39,8 @@ private:
         TOrderTicket Ticket;  // with its place among those that are sent
         int Row = 0;          // in the confirmation, from 1
         bool Ticked = false;
-        bool Taken = false;  // asked for once
+        bool Taken = false;    // asked for once
+        bool Waiting = false;  // taken and free to be sent
         bool Sent = false;
     };
     // The user and the limits are read once for each round of checks: they come from the store.
@@ -44,19 +49,21 @@ private:
         TTradingLimits Limits;
     };
     std::optional<TReason> RefusalOf(const TOrderTicket& Order);
-    void Send(TShownOrder& Shown);
+    void Send();  // what was taken and waits
     void Stop(const TReason& Reason);
     std::string Names(const std::function<bool(const TShownOrder& Order)>& Wanted) const;
     void Tell(const char* Key, std::vector<std::string> Args);
 
     IOrderFacts& FFacts;  // both borrowed
     const TLanguageService& FLanguage;
-    TPlaceOrder FPlace;
+    TRoute FRoute;
     std::map<int64_t, TShownOrder> FShown;  // of the last confirmation, by line id
     std::optional<TSentBatch> FLastSent;
     std::string FBatchId;
     int FBatches = 0;
     bool FStopped = false;      // the store failed in this batch
+    bool FPosted = false;       // Send waits in the loop
+    int FOpen = 0;              // ticked and not taken yet
     int64_t FLastChecked = -1;  // line ids of a batch follow each other
     int FCheckedPlace = 0;
     std::optional<TRound> FRound;  // none: the next check begins one

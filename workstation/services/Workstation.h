@@ -133,8 +133,10 @@ private:
     TOrderService FOrders{FMarket, FLanguage};
     TTradingFacts FOrderFacts{{FMarket, FProfile, FConfig, [this](const auto& Symbol) { return QuoteOf(Symbol); },
                                [this](const auto& Account) { return HeldOf(Account); }}};
-    TOrderActionService FOrderActions{FOrderFacts, FLanguage,
-                                      [this](const auto& Order) { FOrderSystem->Place(Order); }};
+    TOrderActionService FOrderActions{FOrderFacts,
+                                      FLanguage,
+                                      {[this](const auto& Orders) { FOrderSystem->PlaceAll(Orders); },
+                                       [this](auto Task) { FQueue.Post(std::move(Task)); }}};
     TFormatterService FFormatter;
     TExchangeOrder FExchangeOrder{FMarket};
     TSeriesOrder FSeriesOrder{FMarket};
