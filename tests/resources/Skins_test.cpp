@@ -98,6 +98,8 @@ TEST(Skins, TextsAndMarksCanBeRead) {
                  {"coProfit", "coSelectedRow", 4.5},
                  {"coLoss", "coBase", 4.5},
                  {"coLoss", "coSelectedRow", 4.5},
+                 {"coBuy", "coBase", 4.5},
+                 {"coSell", "coBase", 4.5},
                  {"coWarning", "coBase", 4.5},
                  {"coWarning", "coWindow", 4.5},
                  {"coError", "coBase", 4.5},

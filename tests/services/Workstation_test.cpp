@@ -30,6 +30,7 @@ TEST_F(TWorkstationTest, InstallsEveryServiceForItsLifetime) {
     EXPECT_NO_THROW(fw::TCustomSubscribeAdapter::GetInstance());
     EXPECT_NO_THROW(fw::TCustomPositionAdapter::GetInstance());
     EXPECT_NO_THROW(fw::TCustomOrderAdapter::GetInstance());
+    EXPECT_EQ(&fw::TCustomOrderActionManager::GetInstance(), &Station->OrderActions());
     EXPECT_NO_THROW(fw::TCustomMessageBoxCtrl::GetInstance());
     EXPECT_NO_THROW(fw::TCustomFormatter::GetInstance());
     EXPECT_NO_THROW(fw::TCustomExchangeListComparer::GetInstance());

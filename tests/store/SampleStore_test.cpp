@@ -124,8 +124,8 @@ TEST(SampleStore, PositionsAndQuotesFollowTheirContract) {
     PrepareSampleMarket(*Store, kSample, "2027/02/01");
     ASSERT_EQ(Store->LoadTrading().Positions.size(), Held);
     const auto Of = [&](const std::string& Symbol) {
-        for (const auto& Row : Store->LoadPositions("A100"))
-            if (Row.Symbol == Symbol) return Row.Qty;
+        for (const auto& Row : Store->LoadTrading().Positions)
+            if (Row.Account == "A100" && Row.Symbol == Symbol) return Row.Qty;
         return 0.0;
     };
     EXPECT_EQ(Store->ReadMeta(kMetaSampleMonths), "2");
@@ -180,7 +180,7 @@ TEST(SampleStore, RollLeavesEverythingElseAlone) {
     Store->WriteSetting("Shell", "Skin", "dark");
     PrepareSampleMarket(*Store, kSample, "2027/01/20");
     EXPECT_EQ(Store->FindProduct("SPX230217C04000000")->ExpiryDate, "2023/02/17");
-    const auto Positions = Store->LoadPositions("A100");
+    const auto Positions = Store->LoadTrading().Positions;
     EXPECT_TRUE(std::any_of(Positions.begin(), Positions.end(),
                             [](const auto& Row) { return Row.Symbol == "SPX230217C04000000" && Row.Qty == 3; }));
     for (const auto& Row : Store->LoadMarket().Quotes)
@@ -302,6 +302,65 @@ TEST(SampleStore, ResetFollowsEditedFiles) {
     EXPECT_FALSE(Store->FindProduct("00128"));
 }
 
+// An order of A100 that bought Qty of Symbol, in the store as if it had been traded; its id.
+std::string Trade(TStore& Store, const std::string& Symbol, double Qty) {
+    TStoreTransaction Write(Store);
+    TOrderRow Order;
+    Order.Account = "A100";
+    Order.Symbol = Symbol;
+    Order.Qty = Order.FilledQty = Qty;
+    Order.State = EOrderState::Filled;
+    Order.Id = Write.AddOrder(Order);
+    Write.AddExecution({Order.Id + "/1", Order.Id, "A100", Symbol, Qty, 100, "2026/11/20", 1});
+    Write.Commit();
+    return Order.Id;
+}
+
+double HeldOf(const TStore& Store, const std::string& Symbol) {
+    double Qty = 0;
+    for (const auto& Row : Store.LoadExecutions())
+        if (Row.Account == "A100" && Row.Symbol == Symbol) Qty += Row.Qty;
+    return Qty;
+}
+
+// The sample holds +2 HSIZ6 and -1 HSIF7. One contract's new symbol is the other one's old symbol.
+TEST(SampleStore, OrdersAndTheirExecutionsMoveWithTheirContract) {
+    const auto Store = Filled("2026/11/21");
+    Trade(*Store, "HSIZ6", 5);
+    Trade(*Store, "HSIF7", 7);
+    PrepareSampleMarket(*Store, kSample, "2026/12/12");
+    EXPECT_EQ(HeldOf(*Store, "HSIZ6"), 0);
+    EXPECT_EQ(HeldOf(*Store, "HSIF7"), 7);  // 2 + 5
+    EXPECT_EQ(HeldOf(*Store, "HSIG7"), 6);  // -1 + 7
+    const auto Orders = Store->LoadOrders();
+    ASSERT_EQ(Orders.size(), 2u);
+    EXPECT_EQ(Orders[0].Symbol, "HSIF7");
+    EXPECT_EQ(Orders[1].Symbol, "HSIG7");
+}
+
+TEST(SampleStore, ResetPutsOpeningPositionsBackAndKeepsOrders) {
+    const auto Store = Filled("2026/11/21");
+    Trade(*Store, "HSIZ6", 5);
+    {
+        TStoreTransaction Write(*Store);
+        Write.RemovePosition("A100", "HSIZ6");
+        Write.Put(TPositionRow{"A100", "HSIF7", 99, 1});
+        Write.Commit();
+    }
+    ResetSampleMarket(*Store, kSample, "2026/11/21");
+    EXPECT_EQ(Store->LoadOrders().size(), 1u);
+    EXPECT_EQ(HeldOf(*Store, "HSIZ6"), 7);
+    EXPECT_EQ(HeldOf(*Store, "HSIF7"), -1);
+}
+
+TEST(SampleStore, ResetOfAMovedSampleTakesItsOrdersAlong) {
+    const auto Store = Filled("2026/12/12");
+    Trade(*Store, "HSIF7", 5);  // HSIZ6 a month before
+    ResetSampleMarket(*Store, kSample, "2026/11/21");
+    EXPECT_EQ(HeldOf(*Store, "HSIZ6"), 7);
+    EXPECT_EQ(Store->LoadOrders().at(0).Symbol, "HSIZ6");
+}
+
 // Two starts at the same moment: the second finds the work done and does not move the sample again.
 TEST(SampleStore, TwoWorkstationsMoveTheSampleOnce) {
     const TTempFolder Folder;
@@ -319,6 +378,12 @@ TEST(SampleStore, TwoWorkstationsMoveTheSampleOnce) {
 
 TEST(SampleStore, PositionsInContractsThatTheFilesDroppedAreTold) {
     const auto Store = Filled("2026/11/21");
+    Trade(*Store, "CPRF27", 1);
+    {
+        TStoreTransaction Write(*Store);
+        Write.Put(TPositionRow{"A100", "CPRF27", 3, 4});
+        Write.Commit();
+    }
     TEditedSample Edited;
     Edited.Replace("positions.csv", "A100,CPRZ26,5,4.0610\nA100,CPR2612C4.20,-5,0.0625\n", "");
     Edited.Replace("futures.csv", "XDER,CPR,0 1 2 3,5,COPPER,25000,100,\n", "");
@@ -328,6 +393,7 @@ TEST(SampleStore, PositionsInContractsThatTheFilesDroppedAreTold) {
     EXPECT_EQ(Outcome.Notices[0].Args, (std::vector<std::string>{"A100", "CPRZ26"}));
     EXPECT_EQ(Outcome.Notices[1].Key, kSampleRolled);
     EXPECT_FALSE(Store->HeldSymbols().contains("CPRZ26"));
+    EXPECT_EQ(HeldOf(*Store, "CPRF27"), 4);  // traded on: kept whole
     EXPECT_TRUE(Store->HeldSymbols().contains("CPR2701C4.20"));
 }
 

@@ -142,8 +142,13 @@ TEST(StoreRows, UsersAccountsAndPositionsComeBackWhole) {
     EXPECT_EQ(T.Positions[0].Symbol, "B");
     EXPECT_EQ(T.Positions[0].Qty, -2);
     EXPECT_EQ(T.Positions[1].AvgPrice, 0.1);
-    ASSERT_EQ(Store->LoadPositions("A1").size(), 1u);
-    EXPECT_EQ(Store->LoadPositions("A1")[0].Symbol, "A");
+    const auto Executions = Store->LoadExecutions();
+    ASSERT_EQ(Executions.size(), 2u);
+    EXPECT_EQ(Executions[0].Account, "Z9");
+    EXPECT_EQ(Executions[0].Qty, -2);
+    EXPECT_EQ(Executions[0].Price, 1.5);
+    EXPECT_EQ(Executions[0].OrderId, "");
+    EXPECT_EQ(Executions[0].Day, "");
     EXPECT_EQ(Store->HeldSymbols(), (std::set<std::string>{"A", "B"}));
 }
 

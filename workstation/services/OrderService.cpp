@@ -5,10 +5,37 @@
 
 namespace ws {
 
+class TOrderService::TRegisteredOrder : public fw::TCustomClientOrder {
+public:
+    TRegisteredOrder(std::shared_ptr<TRegistry> Registry, int64_t LineId) : FRegistry(std::move(Registry)) {
+        SetLineId(LineId);
+        Enter();
+    }
+    ~TRegisteredOrder() override { FRegistry->erase(FEntry); }
+    void Assign(const fw::TCustomClientOrder& Source) override {
+        TCustomClientOrder::Assign(Source);
+        FRegistry->erase(FEntry);
+        Enter();
+    }
+
+private:
+    void Enter() { FEntry = FRegistry->emplace(GetLineId(), this); }
+    std::shared_ptr<TRegistry> FRegistry;
+    TRegistry::iterator FEntry;
+};
+
+TOrderService::TOrderService(const TMarketService& Market, const TLanguageService& Language)
+    : FMarket(Market), FLanguage(Language), FOrders(std::make_shared<TRegistry>()) {}
+TOrderService::~TOrderService() = default;
+
 std::unique_ptr<fw::TCustomClientOrder> TOrderService::CreateClientOrder() {
-    auto Order = std::make_unique<fw::TCustomClientOrder>();
-    Order->SetLineId(++FLastLineId);
-    return Order;
+    return std::make_unique<TRegisteredOrder>(FOrders, ++FLastLineId);
+}
+
+const fw::TCustomClientOrder* TOrderService::FindOrder(int64_t LineId) const {
+    const auto Last = FOrders->upper_bound(LineId);
+    if (Last == FOrders->begin() || std::prev(Last)->first != LineId) return nullptr;
+    return std::prev(Last)->second;
 }
 
 int TOrderService::GetOrderOptionCount(const fw::Text& Exchange) {
@@ -29,12 +56,10 @@ fw::Text TOrderService::GetSideText(const fw::TCustomClientOrder& Order, bool) {
                                   : fw::Text();
 }
 
-fw::Text TOrderService::GetRemarkText(const fw::TCustomClientOrder& Order) { return Order.GetExtValue("Remark"); }
-
-// The contract as the exchange lists it.
-fw::Text TOrderService::GetOrderText(const fw::TCustomClientOrder& Order) {
-    const auto* Product = FMarket.FindProduct(Order.GetSymbol());
-    return Product ? Product->Exchange + " " + Product->Series + " " + Product->ExpiryDate : fw::Text();
+fw::Text TOrderService::GetRemarkText(const fw::TCustomClientOrder& Order) {
+    return OnRemark ? OnRemark(Order) : fw::Text();
 }
+
+fw::Text TOrderService::GetOrderText(const fw::TCustomClientOrder& Order) { return std::to_string(Order.GetLineId()); }
 
 }  // namespace ws

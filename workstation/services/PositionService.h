@@ -6,21 +6,22 @@
 
 #include "framework/services/PositionAdapter.h"
 #include "framework/services/SubscribeAdapter.h"
-#include "workstation/store/Store.h"
+#include "workstation/trading/OrderSystem.h"
 
 namespace ws {
 
 class TPositionRecord;
 
-// What the accounts hold, by the store. Records live as long as the service and take their newest row at each list.
+// What the accounts hold, by the order system. Records live as long as the service and take their newest holding at
+// each list; one that an account holds no more is listed no more.
 class TPositionService : public fw::TCustomPositionAdapter {
 public:
-    TPositionService(TStore& Store, fw::TCustomSubscribeAdapter& Data);
+    TPositionService(const TOrderSystem& Orders, fw::TCustomSubscribeAdapter& Data);
     ~TPositionService() override;
     void GetPositionList(const fw::Text& Account, fw::TPositionDictionary& Positions) override;
 
 private:
-    TStore& FStore;  // both borrowed
+    const TOrderSystem& FOrders;  // both borrowed
     fw::TCustomSubscribeAdapter& FData;
     std::map<std::pair<std::string, std::string>, std::unique_ptr<TPositionRecord>> FRecords;  // by account and symbol
 };

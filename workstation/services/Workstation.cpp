@@ -18,6 +18,7 @@ constexpr const char* kKeySkin = "Skin";
 constexpr const char* kKeyNumberFormat = "NumberFormat";
 constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
 constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
+constexpr int kTicksPerRetry = 3000 / kTimerPeriodMs;  // a try may wait a second for another program's lock
 
 std::string Now() { return MarketTimeText(fw::TClock::Now(), kSampleUtcOffsetMinutes); }
 
@@ -47,21 +48,21 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
       FConfig(*FStore, TSkinTable::Embedded()),
       FLanguage(TTextTable::Embedded()),
       FLookAndFeel(FConfig, SkinOf(*FStore)),
+      FExchange([this](const std::string& Symbol) { return PaperContractOf(Symbol); },
+                [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }, {.Seed = Options.Seed}),
       FSubscriptions(FMarket, FQueue,
                      {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
-                      [this](const std::string& Symbol) {
-                          const auto* Quote = FWalk->QuoteOf(Symbol);
-                          return Quote && !Quote->Time.empty() ? Quote : nullptr;
-                      },
+                      [this](const std::string& Symbol) { return QuoteOf(Symbol); },
                       [this] { return FWalk->Now(); }}),
       FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
-      FPositions(*FStore, FSubscriptions),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
     FNotices.insert(FNotices.end(), Sample.Notices.begin(), Sample.Notices.end());
     FMarket.OnRequestSymbol = [this](const fw::Text& Symbol) { FSubscriptions.Request(Symbol); };
     LoadMarket();
     FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
+    FYesterday = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
+    OpenOrders();
     FLanguage.SetLanguage(fw::TextToIntDef(FStore->ReadSetting(kSection, kKeyLanguage).value_or("0"), 0));
     if (!ApplyNumberFormat(FStore->ReadSetting(kSection, kKeyNumberFormat).value_or(""))) ApplyNumberFormat("");
 
@@ -73,9 +74,32 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     Install();
 }
 
+void TWorkstation::OpenOrders() {
+    FOrderSystem = std::make_unique<TOrderSystem>(
+        *FStore, FExchange,
+        TOrderHost{[this](const std::string& Symbol) { return MarketDayOf(Symbol); },
+                   [this](const std::string& Symbol) { return SettlementOf(Symbol); },
+                   [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }});
+    FPositions = std::make_unique<TPositionService>(*FOrderSystem, FSubscriptions);
+    const auto Open = std::count_if(FOrderSystem->Orders().begin(), FOrderSystem->Orders().end(),
+                                    [](const auto& Row) { return Row.State == EOrderState::Unknown; });
+    if (Open > 0) FNotices.push_back({"Res_OrdersUnknown", {std::to_string(Open)}});
+}
+
 TWorkstation::~TWorkstation() {
     Uninstall();
     fw::SetNumberFormat({});
+}
+
+const TQuoteRow* TWorkstation::QuoteOf(const std::string& Symbol) {
+    const auto* Quote = FWalk->QuoteOf(Symbol);
+    return Quote && !Quote->Time.empty() ? Quote : nullptr;
+}
+
+THeldQuantities TWorkstation::HeldOf(const std::string& Account) const {
+    THeldQuantities Result;
+    for (const auto& Holding : FOrderSystem->Holdings(Account)) Result[Holding.Symbol] = Holding.Qty;
+    return Result;
 }
 
 void TWorkstation::Install() {
@@ -89,8 +113,9 @@ void TWorkstation::Install() {
     fw::TCustomMarketAdapter::SetInstance(&FMarket);
     fw::TCustomSubscribeAdapter::SetInstance(&FSubscriptions);
     fw::TEditorManager::SetInstance(&FEditors);
-    fw::TCustomPositionAdapter::SetInstance(&FPositions);
+    fw::TCustomPositionAdapter::SetInstance(FPositions.get());
     fw::TCustomOrderAdapter::SetInstance(&FOrders);
+    fw::TCustomOrderActionManager::SetInstance(&FOrderActions);
     fw::TCustomFormatter::SetInstance(&FFormatter);
     fw::TCustomExchangeListComparer::SetInstance(&FExchangeOrder);
     fw::TCustomSeriesComparer::SetInstance(&FSeriesOrder);
@@ -109,6 +134,7 @@ void TWorkstation::Uninstall() {
     fw::TEditorManager::SetInstance(nullptr);
     fw::TCustomPositionAdapter::SetInstance(nullptr);
     fw::TCustomOrderAdapter::SetInstance(nullptr);
+    fw::TCustomOrderActionManager::SetInstance(nullptr);
     fw::TCustomFormatter::SetInstance(nullptr);
     fw::TCustomExchangeListComparer::SetInstance(nullptr);
     fw::TCustomSeriesComparer::SetInstance(nullptr);
@@ -124,6 +150,7 @@ void TWorkstation::LoadMarket() {
 void TWorkstation::ReloadMarket() {
     LoadMarket();
     FWalk->Replace(FMarket.Market());
+    FYesterday->Replace(FMarket.Market());
     FSubscriptions.MarketChanged();
     FMarket.NotifyListsChanged();
 }
@@ -132,6 +159,8 @@ void TWorkstation::Tick() {
     FTimer.Tick();
     if (++FTicks % kTicksPerMarketStep == 0)
         FSubscriptions.QuotesChanged(FWalk->Step(kTicksPerMarketStep * kTimerPeriodMs / 1000.0));
+    FExchange.Tick();
+    if (FTicks % kTicksPerRetry == 0) FOrderSystem->Retry();
 }
 
 bool TWorkstation::SetUser(const std::string& Code) {
@@ -190,8 +219,30 @@ TImportReport TWorkstation::ImportChain(const std::filesystem::path& File, const
 std::vector<TStoreNotice> TWorkstation::ResetSample() {
     auto Outcome = ResetSampleMarket(*FStore, FSampleFolder, SampleToday());
     ReloadMarket();
+    FOrderSystem->Reload();
     if (!SetUser(User().Code) && !FTrading.Users.empty()) SetUser(FTrading.Users.front().Code);
     return std::move(Outcome.Notices);
+}
+
+std::string TWorkstation::MarketDayOf(const std::string& Symbol) const {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    return FWalk->MarketDay(Product ? Product->Exchange : "");
+}
+
+std::optional<TPaperContract> TWorkstation::PaperContractOf(const std::string& Symbol) {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    if (!Product) return std::nullopt;
+    const bool Expired = !Product->ExpiryDate.empty() && Product->ExpiryDate < MarketDayOf(Symbol);
+    return TPaperContract{FWalk->QuoteOf(Symbol), Expired, fw::TextToFloatDef(Product->LotSize, 1.0)};
+}
+
+// The market's own where it states one; of a simulated contract, where the simulation starts.
+std::optional<double> TWorkstation::SettlementOf(const std::string& Symbol) {
+    const auto* Product = FMarket.FindProduct(Symbol);
+    const auto* Quote = Product ? FYesterday->QuoteOf(Symbol) : nullptr;
+    if (!Quote || Quote->PreviousSettlement) return Quote ? Quote->PreviousSettlement : std::nullopt;
+    const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
+    return Series && !Series->Imported ? Quote->Last : std::nullopt;
 }
 
 std::optional<TQuoteForm> TWorkstation::QuoteFormOf(const std::string& Symbol) const {

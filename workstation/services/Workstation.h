@@ -16,13 +16,17 @@
 #include "workstation/services/LookAndFeelService.h"
 #include "workstation/services/MarketService.h"
 #include "workstation/services/MessageBoxService.h"
+#include "workstation/services/OrderActionService.h"
 #include "workstation/services/OrderService.h"
 #include "workstation/services/PositionService.h"
 #include "workstation/services/ProfileService.h"
 #include "workstation/services/SubscriptionService.h"
 #include "workstation/services/TimerService.h"
+#include "workstation/services/TradingFacts.h"
 #include "workstation/store/SampleStore.h"
 #include "workstation/store/Store.h"
+#include "workstation/trading/OrderSystem.h"
+#include "workstation/trading/PaperExchange.h"
 
 namespace ws {
 
@@ -79,6 +83,10 @@ public:
     std::vector<TStoreNotice> ResetSample();
 
     TStore& Store() { return *FStore; }
+    TOrderSystem& Orders() { return *FOrderSystem; }
+    IOrderFacts& OrderFacts() { return FOrderFacts; }
+    TOrderService& OrderService() { return FOrders; }
+    TOrderActionService& OrderActions() { return FOrderActions; }
     TLanguageService& Language() { return FLanguage; }
     TMarketService& Market() { return FMarket; }
     TSubscriptionService& Subscriptions() { return FSubscriptions; }
@@ -99,9 +107,15 @@ private:
     TOpenedStore OpenStore(const TWorkstationOptions& Options);
     bool ApplyNumberFormat(const std::string& Name) const;
     void LoadMarket();
+    void OpenOrders();
     void ReloadMarket();
     void Install();
     void Uninstall();
+    std::optional<TPaperContract> PaperContractOf(const std::string& Symbol);
+    std::string MarketDayOf(const std::string& Symbol) const;
+    std::optional<double> SettlementOf(const std::string& Symbol);
+    const TQuoteRow* QuoteOf(const std::string& Symbol);  // null while no data have come
+    THeldQuantities HeldOf(const std::string& Account) const;
     std::optional<TQuoteForm> QuoteFormOf(const std::string& Symbol) const;
 
     std::filesystem::path FSampleFolder;
@@ -122,10 +136,20 @@ private:
     TMessageBoxService FMessageBox{FLanguage};
     TMarketService FMarket;
     std::unique_ptr<TQuoteWalk> FWalk;
+    std::unique_ptr<TQuoteWalk>
+        FYesterday;  // the walk before its first step: what it starts from was settled yesterday
+    TPaperExchange FExchange;
+    std::unique_ptr<TOrderSystem> FOrderSystem;
     TSubscriptionService FSubscriptions;
     TEditorService FEditors;
-    TPositionService FPositions;
+    std::unique_ptr<TPositionService> FPositions;
     TOrderService FOrders{FMarket, FLanguage};
+    TTradingFacts FOrderFacts{{FMarket, FProfile, FConfig, [this](const auto& Symbol) { return QuoteOf(Symbol); },
+                               [this](const auto& Account) { return HeldOf(Account); }}};
+    TOrderActionService FOrderActions{FOrderFacts,
+                                      FLanguage,
+                                      {[this](const auto& Orders) { FOrderSystem->PlaceAll(Orders); },
+                                       [this](auto Task) { FQueue.Post(std::move(Task)); }}};
     TFormatterService FFormatter;
     TExchangeOrder FExchangeOrder{FMarket};
     TSeriesOrder FSeriesOrder{FMarket};

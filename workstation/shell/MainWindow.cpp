@@ -2,6 +2,7 @@
 #include "workstation/shell/MainWindow.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDateTime>
 
 #include "framework/base/Log.h"
@@ -36,7 +37,10 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
       FContext(Context),
       FDialogs(std::move(Dialogs)),
       FPopups(Context,
-              [this](const fw::TSelectedMarket& M) { return FWorkstation.UnderlyingOf(M.Exchange, M.Series); }) {
+              [this](const fw::TSelectedMarket& M) { return FWorkstation.UnderlyingOf(M.Exchange, M.Series); }),
+      FConfirmation(
+          {Workstation.OrderFacts(), Workstation.OrderService(), Workstation.OrderActions(), Workstation.Language()},
+          Context, this) {
     const auto Sentence = [this](const fw::TLogEntry& Entry) {
         return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
     };
@@ -49,6 +53,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     addDockWidget(Qt::BottomDockWidgetArea, FPanel);
     resize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()));
     FDocks = std::make_unique<TViewDocks>(*this, FCatalog, Context, *FDialogs);
+    FDocks->IsHeld = [this] { return FConfirmation.IsOpen(); };
     FStatus->OnProblemClicked = [this] {
         FPanel->show();
         FPanel->raise();
@@ -175,6 +180,9 @@ void TMainWindow::PollRun() {
     }
 }
 
+// The view whose orders wait for their confirmation stays until it is answered.
+void TMainWindow::closeEvent(QCloseEvent* Event) { Event->setAccepted(!FConfirmation.IsOpen()); }
+
 // The first view gets what the messages do not need; from then on the border is the user's.
 void TMainWindow::GiveRoomToViews() {
     TViewDock* First = FDocks->Docks().front();
@@ -207,6 +215,7 @@ void TMainWindow::SetLanguage(int Language) {
     FPanel->Retranslate();
     FStatus->Retranslate();
     FPopups.Retranslate();
+    FConfirmation.Retranslate();
     BuildMenus();
 }
 
@@ -219,6 +228,7 @@ void TMainWindow::SetSkin(const std::string& Skin) {
 
 bool TMainWindow::SetUser(const std::string& Code) {
     if (Code == FWorkstation.User().Code) return true;
+    if (FConfirmation.IsOpen()) return false;
     if (!FDocks->Docks().empty() && !FDialogs->Ask(this, FContext.Translate("Res_UserAskSwitch"))) {
         BuildMenus();
         return false;

@@ -8,6 +8,7 @@
 
 #include "workstation/script/StrategyRun.h"
 #include "workstation/services/Workstation.h"
+#include "workstation/shell/BatchConfirmation.h"
 #include "workstation/shell/ClipboardFlow.h"
 #include "workstation/shell/Dialogs.h"
 #include "workstation/shell/MessageList.h"
@@ -52,6 +53,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* Event) override;
+    void closeEvent(QCloseEvent* Event) override;
 
 private:
     void GiveRoomToViews();
@@ -72,6 +74,7 @@ private:
     TRenderContext& FContext;
     std::unique_ptr<TDialogs> FDialogs;
     TSymbolPopups FPopups;
+    TBatchConfirmation FConfirmation;
     TViewCatalog FCatalog;
     TMessageList* FMessages;
     TMessagesPanel* FPanel;

@@ -65,7 +65,8 @@ TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
 void TViewDocks::CloseLater(TViewDock& Dock) {
     QTimer::singleShot(0, FGuard.get(), [this, Wanted = &Dock] {
         if (std::find(FDocks.begin(), FDocks.end(), Wanted) == FDocks.end()) return;
-        if (QThread::currentThread()->loopLevel() <= 1) return Close(*Wanted);
+        const bool Held = IsHeld && IsHeld();
+        if (!Held && QThread::currentThread()->loopLevel() <= 1) return Close(*Wanted);
         QTimer::singleShot(kNestedLoopMs, FGuard.get(), [this, Wanted] {
             if (std::find(FDocks.begin(), FDocks.end(), Wanted) != FDocks.end()) CloseLater(*Wanted);
         });

@@ -22,7 +22,7 @@ public:
     // A new instance in a dock of its own, beside the others as a tab. What the construction throws is shown to the
     // user, and nothing is left behind; null then.
     TViewDock* Open(fw::TIBaseView& View);
-    void CloseLater(TViewDock& Dock);  // when control is back in the loop
+    void CloseLater(TViewDock& Dock);  // when control is back in the loop and nothing holds the views
     void CloseAll();                   // at once; for the end of the program
 
     const std::vector<TViewDock*>& Docks() const { return FDocks; }
@@ -32,6 +32,7 @@ public:
 
     void SetLanguage(int Language);
 
+    std::function<bool()> IsHeld;          // true while no view may close; may be left out
     fw::TSignal<> OnChanged;               // opened or closed
     fw::TSignal<fw::TFrame&> OnFrameGoes;  // before an instance is destroyed
 

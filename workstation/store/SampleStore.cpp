@@ -72,47 +72,55 @@ int StoredMonths(const TStore& Store) {
     return WholeFromText(Store.ReadMeta(kMetaSampleMonths).value_or("0")).value_or(0);
 }
 
-// The rows that name a contract of the sample, taken out of the store to come back under the new symbols.
-struct TFollowers {
-    std::vector<TPositionRow> Positions;
-    std::vector<TQuoteRow> Quotes;
-};
+std::map<std::string, std::string> BaseSymbols(const TStore& Store) {
+    std::map<std::string, std::string> Base;  // symbol -> base symbol
+    for (const auto& [BaseSymbol, Symbol] : Store.SampleSymbols()) Base[Symbol] = BaseSymbol;
+    return Base;
+}
 
-TFollowers TakeFollowers(TStoreTransaction& Write, const TStore& Store,
-                         const std::map<std::string, std::string>& Base) {
-    TFollowers Taken;
-    for (auto& Row : Store.LoadTrading().Positions)
-        if (Base.contains(Row.Symbol)) Taken.Positions.push_back(Row);
+// From the contracts of the sample in the store to the same contracts of Set.
+std::map<std::string, std::string> SymbolMapTo(const TSampleSet& Set, const std::map<std::string, std::string>& Base) {
+    std::map<std::string, std::string> Now, Moved;  // base symbol -> new symbol; old symbol -> new symbol
+    for (std::size_t i = 0; i < Set.BaseSymbols.size(); ++i) Now[Set.BaseSymbols[i]] = Set.Market.Products[i].Symbol;
+    for (const auto& [Old, BaseSymbol] : Base)
+        if (const auto It = Now.find(BaseSymbol); It != Now.end()) Moved[Old] = It->second;
+    return Moved;
+}
+
+// An opening position in a contract that the files list no more goes, unless somebody has traded on it.
+void DropUnlistedPositions(TStoreTransaction& Write, const TStore& Store,
+                           const std::map<std::string, std::string>& Base, TSampleOutcome& Outcome) {
+    std::set<std::pair<std::string, std::string>> Traded;
+    for (const auto& Row : Store.LoadExecutions())
+        if (!Row.OrderId.empty()) Traded.insert({Row.Account, Row.Symbol});
+    for (const auto& Row : Store.LoadTrading().Positions) {
+        if (!Base.contains(Row.Symbol) || Outcome.SymbolMap.contains(Row.Symbol)) continue;
+        if (Traded.contains({Row.Account, Row.Symbol})) continue;
+        Write.RemovePosition(Row.Account, Row.Symbol);
+        Outcome.Notices.push_back({kSamplePositionDropped, {Row.Account, Row.Symbol}});
+    }
+}
+
+std::vector<TQuoteRow> TakeQuotes(TStoreTransaction& Write, const TStore& Store,
+                                  const std::map<std::string, std::string>& Base) {
+    std::vector<TQuoteRow> Taken;
     for (auto& Row : Store.LoadMarket().Quotes)
-        if (Base.contains(Row.Symbol)) Taken.Quotes.push_back(Row);
-    for (const auto& Row : Taken.Positions) Write.RemovePosition(Row.Account, Row.Symbol);
+        if (Base.contains(Row.Symbol)) Taken.push_back(Row);
     for (const auto& [Symbol, Ignored] : Base) Write.RemoveProduct(Symbol);
     return Taken;
 }
 
 void MoveSample(TStoreTransaction& Write, const TStore& Store, const TSampleMarket& Sample, int From, int To,
                 TSampleOutcome& Outcome) {
-    std::map<std::string, std::string> Base;  // old symbol -> base symbol
-    for (const auto& [BaseSymbol, Symbol] : Store.SampleSymbols()) Base[Symbol] = BaseSymbol;
+    const auto Base = BaseSymbols(Store);
     const TSampleSet Set = Sample.Expand(To);
-    std::map<std::string, std::string> Now;  // base symbol -> new symbol
-    for (std::size_t i = 0; i < Set.BaseSymbols.size(); ++i) Now[Set.BaseSymbols[i]] = Set.Market.Products[i].Symbol;
-    for (const auto& [Old, BaseSymbol] : Base)
-        if (const auto It = Now.find(BaseSymbol); It != Now.end()) Outcome.SymbolMap[Old] = It->second;
-
-    TFollowers Taken = TakeFollowers(Write, Store, Base);
+    Outcome.SymbolMap = SymbolMapTo(Set, Base);
+    DropUnlistedPositions(Write, Store, Base, Outcome);
+    Write.RenameContracts(Outcome.SymbolMap);
+    std::vector<TQuoteRow> Quotes = TakeQuotes(Write, Store, Base);
     Write.RemoveSampleSymbols();
     PutSampleProducts(Write, Set.Market.Products, Set.BaseSymbols);
-    for (auto& Row : Taken.Positions) {
-        const auto It = Outcome.SymbolMap.find(Row.Symbol);
-        if (It == Outcome.SymbolMap.end()) {
-            Outcome.Notices.push_back({kSamplePositionDropped, {Row.Account, Row.Symbol}});
-            continue;
-        }
-        Row.Symbol = It->second;
-        Write.Put(Row);
-    }
-    for (auto& Row : Taken.Quotes) {
+    for (auto& Row : Quotes) {
         const auto It = Outcome.SymbolMap.find(Row.Symbol);
         if (It == Outcome.SymbolMap.end()) continue;
         Row.Symbol = It->second;
@@ -132,8 +140,11 @@ void CreateSample(TStoreTransaction& Write, const TStore& Store, const TSampleMa
     for (const auto& Row : Store.LoadTrading().Positions)
         if (const auto Product = Store.FindProduct(Row.Symbol); Product && Imported.contains(Product->Exchange))
             Kept.push_back(Row);
+    TSampleSet Set = Sample.Expand(Months);
+    const auto Moved = SymbolMapTo(Set, BaseSymbols(Store));
     RemoveSample(Write, Store);
-    PutSample(Write, Sample.Expand(Months), Imported);
+    Write.RenameContracts(Moved);  // what is left: orders and their executions
+    PutSample(Write, std::move(Set), Imported);
     for (const auto& Row : Kept) Write.Put(Row);
     PutSampleMeta(Write, Sample, Months);
     Outcome.Created = true;

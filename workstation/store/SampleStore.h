@@ -24,13 +24,15 @@ struct TSampleOutcome {
 
 // For every start. A store without sample gets it, laid out so that nothing in it has expired; a store with one is
 // moved forward by whole months when its first expiry lies before Today, and a notice says so: contracts, their
-// quotes and positions move together, everything else stays. Otherwise nothing is written, so that a second call
-// changes nothing. Held contracts that the files no longer list are dropped, with a notice each.
+// quotes, orders and executions move together, everything else stays. Otherwise nothing is written, so that a second
+// call changes nothing. Opening positions in contracts that the files no longer list are dropped, with a notice each;
+// those that were traded on stay.
 // Without a readable sample folder the store stays as it is and a notice names the folder. Throws EStoreError.
 TSampleOutcome PrepareSampleMarket(TStore& Store, const std::filesystem::path& Folder, const std::string& Today);
 
 // Puts the sample back as the files have it today: exchanges of the sample, currencies, price steps, users,
-// accounts and positions. Imported exchanges stay, as do positions in their contracts and the settings.
+// accounts and opening positions. Imported exchanges stay, as do positions in their contracts, the settings, and every
+// order with its executions.
 TSampleOutcome ResetSampleMarket(TStore& Store, const std::filesystem::path& Folder, const std::string& Today);
 
 inline constexpr char kMetaSampleVersion[] = "SampleVersion";          // sample.csv's version

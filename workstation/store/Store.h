@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The workstation's one database file: market, users, accounts, positions, settings.
+// The workstation's one database file: market, users, accounts, orders, executions, settings.
 // One TStore is one connection; use it from one thread. Every operation that touches the database throws
 // EStoreError and nothing else. Writing happens in a TStoreTransaction (StoreTransaction.h); settings and
 // meta values alone may be written without one.
@@ -17,6 +17,7 @@
 
 #include "workstation/market/MarketRows.h"
 #include "workstation/store/StoreError.h"
+#include "workstation/trading/OrderTypes.h"
 
 namespace ws {
 
@@ -61,8 +62,9 @@ public:
     void ReplaceMarket(const TMarketSet& Market);
     void ReplaceTrading(const TTradingSet& Trading);
 
-    std::vector<TPositionRow> LoadPositions(const std::string& Account) const;
-    std::set<std::string> HeldSymbols() const;  // with a position in any account
+    std::vector<TOrderRow> LoadOrders() const;          // in the order in which they were added
+    std::vector<TExecutionRow> LoadExecutions() const;  // openings first, then in the order in which they came
+    std::set<std::string> HeldSymbols() const;          // held in any account, or with an order that has not ended
     std::optional<TProductRow> FindProduct(const std::string& Symbol) const;
 
     std::optional<std::string> ReadSetting(const std::string& Section, const std::string& Key) const;

@@ -76,6 +76,7 @@ struct TStore::TImpl {
     static void BindOne(SQLite::Statement& S, int Index, const std::string& Value) { S.bindNoCopy(Index, Value); }
     static void BindOne(SQLite::Statement& S, int Index, bool Value) { S.bind(Index, Value ? 1 : 0); }
     static void BindOne(SQLite::Statement& S, int Index, int Value) { S.bind(Index, Value); }
+    static void BindOne(SQLite::Statement& S, int Index, int64_t Value) { S.bind(Index, Value); }
     static void BindOne(SQLite::Statement& S, int Index, double Value) { S.bind(Index, Value); }
     static void BindOne(SQLite::Statement& S, int Index, const std::optional<double>& Value) {
         if (Value)
@@ -87,6 +88,7 @@ struct TStore::TImpl {
 
 inline std::string TextAt(SQLite::Statement& S, int Column) { return S.getColumn(Column).getString(); }
 inline int IntAt(SQLite::Statement& S, int Column) { return S.getColumn(Column).getInt(); }
+inline int64_t Int64At(SQLite::Statement& S, int Column) { return S.getColumn(Column).getInt64(); }
 inline double DoubleAt(SQLite::Statement& S, int Column) { return S.getColumn(Column).getDouble(); }
 inline std::optional<double> OptionalAt(SQLite::Statement& S, int Column) {
     if (S.isColumnNull(Column)) return std::nullopt;

@@ -67,20 +67,41 @@ CREATE TABLE sample_symbol (
 ) STRICT, WITHOUT ROWID;
 )sql";
 
+// Orders and executions. What is held is the sum of the executions and is kept nowhere else: the positions of before
+// become opening executions, which have no order and no id.
+constexpr char kVersion2[] = R"sql(
+CREATE TABLE client_order (
+  seq INTEGER PRIMARY KEY, id TEXT NOT NULL UNIQUE, account TEXT NOT NULL, symbol TEXT NOT NULL,
+  side INTEGER NOT NULL, price REAL NOT NULL, qty REAL NOT NULL, open_close INTEGER NOT NULL,
+  principal INTEGER NOT NULL, batch_id TEXT NOT NULL, place INTEGER NOT NULL, batch_size INTEGER NOT NULL,
+  state TEXT NOT NULL, filled_qty REAL NOT NULL, avg_fill_price REAL NOT NULL, reason_key TEXT NOT NULL,
+  reason_args TEXT NOT NULL, created INTEGER NOT NULL, changed INTEGER NOT NULL
+) STRICT;
+CREATE TABLE execution (
+  seq INTEGER PRIMARY KEY, id TEXT UNIQUE, order_id TEXT, account TEXT NOT NULL, symbol TEXT NOT NULL,
+  qty REAL NOT NULL, price REAL NOT NULL, day TEXT NOT NULL, time INTEGER NOT NULL
+) STRICT;
+CREATE UNIQUE INDEX opening_execution ON execution (account, symbol) WHERE order_id IS NULL;
+INSERT INTO execution (account, symbol, qty, price, day, time)
+  SELECT account, symbol, qty, avg_price, '', 0 FROM position ORDER BY id;
+DROP TABLE position;
+INSERT INTO meta (key, value) VALUES ('OrderTag', lower(hex(randomblob(4))));
+)sql";
+
 // Step i leads from version i to i + 1. A step that has shipped is never changed; a new one is appended.
-constexpr std::array kSteps{kVersion1};
+constexpr std::array kSteps{kVersion1, kVersion2};
 static_assert(kSteps.size() == kSchemaVersion);
 
 }  // namespace
 
-void UpgradeSchema(SQLite::Database& Db) {
+void UpgradeSchema(SQLite::Database& Db, int Target) {
     const auto Version = [&Db] { return Db.execAndGet("PRAGMA user_version").getInt(); };
-    if (Version() == kSchemaVersion) return;
+    if (Version() >= Target) return;
     SQLite::Transaction Upgrade(Db, SQLite::TransactionBehavior::IMMEDIATE);
     // Read again under the write lock: another workstation may have upgraded the file meanwhile.
-    for (int Step = Version(); Step < kSchemaVersion; ++Step) Db.exec(kSteps[static_cast<std::size_t>(Step)]);
+    for (int Step = Version(); Step < Target; ++Step) Db.exec(kSteps[static_cast<std::size_t>(Step)]);
     Db.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
-    Db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+    Db.exec("PRAGMA user_version = " + std::to_string(Target));
     Upgrade.commit();
 }
 

@@ -9,11 +9,11 @@ class Database;
 
 namespace ws {
 
-inline constexpr int kSchemaVersion = 1;           // kept in the file as PRAGMA user_version
+inline constexpr int kSchemaVersion = 2;           // kept in the file as PRAGMA user_version
 inline constexpr int kApplicationId = 0x56515753;  // "VQWS", kept as PRAGMA application_id
 
-// Runs every step from the file's version to kSchemaVersion in one transaction. A file without tables is at
-// version 0. Throws SQLite::Exception; then the file is as before.
-void UpgradeSchema(SQLite::Database& Db);
+// Runs every step from the file's version to Target in one transaction. A file without tables is at version 0; one
+// that stands at Target or above stays. Throws SQLite::Exception; then the file is as before.
+void UpgradeSchema(SQLite::Database& Db, int Target = kSchemaVersion);
 
 }  // namespace ws

@@ -19,10 +19,10 @@ constexpr char kPutUser[] =
 constexpr char kDropGrants[] = "DELETE FROM user_grant WHERE user = ?1";
 constexpr char kPutGrant[] = "INSERT OR IGNORE INTO user_grant (user, kind, value, sort_index) VALUES (?1, ?2, ?3, ?4)";
 constexpr char kPutPosition[] =
-    "INSERT INTO position (account, symbol, qty, avg_price) VALUES (?1, ?2, ?3, ?4)"
-    " ON CONFLICT (account, symbol) DO UPDATE SET qty = excluded.qty, avg_price = excluded.avg_price";
-constexpr char kDropPosition[] = "DELETE FROM position WHERE account = ?1 AND symbol = ?2";
-constexpr char kDropPositions[] = "DELETE FROM position";
+    "INSERT INTO execution (account, symbol, qty, price, day, time) VALUES (?1, ?2, ?3, ?4, '', 0)"
+    " ON CONFLICT (account, symbol) WHERE order_id IS NULL DO UPDATE SET qty = excluded.qty, price = excluded.price";
+constexpr char kDropPosition[] = "DELETE FROM execution WHERE order_id IS NULL AND account = ?1 AND symbol = ?2";
+constexpr char kDropPositions[] = "DELETE FROM execution WHERE order_id IS NULL";
 constexpr const char* kDropTrading[] = {"DELETE FROM user_grant", "DELETE FROM user", "DELETE FROM account",
                                         kDropPositions};
 
@@ -36,8 +36,6 @@ const std::array<TGrantKind, 3>& GrantKinds() {
         {{"right", &TUserRow::Rights}, {"function", &TUserRow::Functions}, {"account", &TUserRow::Accounts}}};
     return Kinds;
 }
-
-TPositionRow ReadPosition(SQLite::Statement& S) { return {TextAt(S, 0), TextAt(S, 1), DoubleAt(S, 2), DoubleAt(S, 3)}; }
 
 }  // namespace
 
@@ -65,24 +63,11 @@ TTradingSet TStore::LoadTrading() const {
     Db.Each("SELECT code, name FROM account ORDER BY sort_index, code", [&](SQLite::Statement& S) {
         T.Accounts.push_back({TextAt(S, 0), TextAt(S, 1)});
     });
-    Db.Each("SELECT account, symbol, qty, avg_price FROM position ORDER BY id",
-            [&](SQLite::Statement& S) { T.Positions.push_back(ReadPosition(S)); });
+    Db.Each("SELECT account, symbol, qty, price FROM execution WHERE order_id IS NULL ORDER BY seq",
+            [&](SQLite::Statement& S) {
+                T.Positions.push_back({TextAt(S, 0), TextAt(S, 1), DoubleAt(S, 2), DoubleAt(S, 3)});
+            });
     return T;
-}
-
-std::vector<TPositionRow> TStore::LoadPositions(const std::string& Account) const {
-    std::vector<TPositionRow> Rows;
-    FImpl->Each(
-        "SELECT account, symbol, qty, avg_price FROM position WHERE account = ?1 ORDER BY id",
-        [&](SQLite::Statement& S) { Rows.push_back(ReadPosition(S)); }, Account);
-    return Rows;
-}
-
-std::set<std::string> TStore::HeldSymbols() const {
-    std::set<std::string> Symbols;
-    FImpl->Each("SELECT DISTINCT symbol FROM position WHERE qty <> 0",
-                [&](SQLite::Statement& S) { Symbols.insert(TextAt(S, 0)); });
-    return Symbols;
 }
 
 void TStoreTransaction::Put(const TUserRow& Row) {

@@ -23,7 +23,8 @@ public:
 
     // Add the row or overwrite the one with the same key: exchange, currency, account, user by code; series by
     // exchange and code; product and quote by symbol (a product keeps its place in the list; its attributes are
-    // replaced); band by code and lower edge; order option by exchange and option; position by account and symbol.
+    // replaced); band by code and lower edge; order option by exchange and option; opening position by account and
+    // symbol.
     void Put(const TExchangeRow& Row);
     void Put(const TCurrencyRow& Row);
     void Put(const TSeriesRow& Row);
@@ -33,17 +34,25 @@ public:
     void Put(const TOrderOptionRow& Row);
     void Put(const TUserRow& Row);
     void Put(const TAccountRow& Row, int SortIndex = 0);
-    void Put(const TPositionRow& Row);
+    void Put(const TPositionRow& Row);  // an opening execution; trades stay
+
+    // Orders and executions are added and never removed.
+    std::string AddOrder(const TOrderRow& Row);   // gives the order its id; the row's own is not read
+    void ChangeOrder(const TOrderRow& Row);       // state, what is filled, reason, time of the change; by id
+    bool AddExecution(const TExecutionRow& Row);  // of an order; false: one of that id is there, nothing is written
+
+    // Orders and executions in the contracts on the left, openings included, are in those on the right from now on.
+    void RenameContracts(const std::map<std::string, std::string>& Symbols);
 
     // Each removes what hangs below it too: exchange -> series, order options; series -> products;
-    // product -> attributes, quote. Positions stay. Removing what is not there does nothing.
+    // product -> attributes, quote. Executions stay. Removing what is not there does nothing.
     void RemoveExchange(const std::string& Exchange);
     void RemoveSeries(const std::string& Exchange, const std::string& Series);
     void RemoveProduct(const std::string& Symbol);
     void RemoveQuote(const std::string& Symbol);
     void RemoveQuotesOfSeries(const std::string& Exchange, const std::string& Series);
     void RemoveSpreadTable(const std::string& Code);
-    void RemovePosition(const std::string& Account, const std::string& Symbol);
+    void RemovePosition(const std::string& Account, const std::string& Symbol);  // the opening one
     void RemoveAllPositions();
     void RemoveMarket();   // every row of a TMarketSet
     void RemoveTrading();  // every row of a TTradingSet
