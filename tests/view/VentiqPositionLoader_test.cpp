@@ -35,9 +35,14 @@ TEST_F(PositionLoader, FillsARowForEachPositionAndLeavesAnInputRow) {
     Load();
     ASSERT_EQ(Symbols(), (std::vector<Text>{"HSIC110", "HSIP100", ""}));
     EXPECT_EQ(Grid.FirstInputRow, 2);
-    const std::pair<int, Variant> Call[] = {{kColQty, 3.0},          {kColSide, "Buy"},   {kColStrike, 110.0},
-                                            {kColCallPut, "Call"},   {kColExpiry, "2026/12/30"}, {kColPremium, 7.5},
-                                            {kColOpenClose, Variant()}, {kColPrincipal, Variant()}};
+    const std::pair<int, Variant> Call[] = {{kColQty, 3.0},
+                                            {kColSide, "Buy"},
+                                            {kColStrike, 110.0},
+                                            {kColCallPut, "Call"},
+                                            {kColExpiry, "2026/12/30"},
+                                            {kColPremium, 7.5},
+                                            {kColOpenClose, Variant()},
+                                            {kColPrincipal, Variant()}};
     for (const auto& [Id, Cell] : Call) EXPECT_EQ(Grid.GetCell(0, Id), Cell) << Id;
     EXPECT_EQ(Grid.GetCell(1, kColSide), Variant("Sell")) << "short by its sign";
     EXPECT_EQ(Grid.GetCell(1, kColQty), Variant(5.0));
@@ -95,8 +100,7 @@ TEST_F(PositionLoader, TheSideFollowsItsKind) {
         double Qty;
         Variant Side;
     };
-    const TCase Cases[] = {{0, 5, "Buy"},  {0, -5, "Sell"}, {1, -5, "Buy"},
-                           {2, 5, "Sell"}, {3, 5, {}},      {-1, -5, {}}};
+    const TCase Cases[] = {{0, 5, "Buy"}, {0, -5, "Sell"}, {1, -5, "Buy"}, {2, 5, "Sell"}, {3, 5, {}}, {-1, -5, {}}};
     for (const auto& Case : Cases) {
         SCOPED_TRACE(Case.Kind);
         auto& Position = Hold("HSIC110", Case.Qty);

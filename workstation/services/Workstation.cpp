@@ -52,8 +52,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
                 [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }, {.Seed = Options.Seed}),
       FSubscriptions(FMarket, FQueue,
                      {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
-                      [this](const std::string& Symbol) { return QuoteOf(Symbol); },
-                      [this] { return FWalk->Now(); }}),
+                      [this](const std::string& Symbol) { return QuoteOf(Symbol); }, [this] { return FWalk->Now(); }}),
       FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());

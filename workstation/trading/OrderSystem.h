@@ -85,7 +85,7 @@ private:
     };
     using TBookKey = std::pair<std::string, std::string>;  // account, symbol
 
-    // Events that are written together, and what is to be heard once they are.
+    // Events that are written together (OrderEvents.cpp), and what is to be heard once they are.
     struct TRound {
         explicit TRound(TStore& Store) : Transaction(Store) {}
         TStoreTransaction Transaction;
@@ -106,6 +106,7 @@ private:
     bool Write(TOrderRow Changed, const TExecutionRow* Execution = nullptr);
     void Log(fw::ELogLevel Level, std::string Key, std::vector<std::string> Args);
     const TOrderRow* Known(const std::string& OrderId);  // null, and a log line, when unknown
+    static int64_t NowMs();
     std::string DayOf(const std::string& Symbol) const;
     const THolding& HoldingIn(const TBookKey& Key, const TBook& Book) const;
 
