@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/services/ServiceFixture.h"
+#include "workstation/store/StoreTransaction.h"
 
 namespace ws {
 namespace {
@@ -72,6 +73,25 @@ TEST_F(TTradingTest, AnOrderUnderWayAtTheEndIsUnknownAtTheNextStart) {
     Run(1);
     EXPECT_EQ(Station->Orders().Find(Id)->State, EOrderState::Rejected);
     EXPECT_EQ(Station->Orders().Find(Id)->Reason.Key, "Res_PaperUnknown");
+}
+
+// Another program holds the store: orders are refused, and what the exchange tells meanwhile is written by a later
+// tick.
+TEST_F(TTradingTest, AStoreThatIsLockedForAWhileLosesNothing) {
+    Open();
+    const auto Id = Buy("HSIZ6", 1, 99999);
+    {
+        const auto Other = TStore::OpenFile(Folder / "store.db", "2026/12/01 10:00:00").Store;
+        const TStoreTransaction Lock(*Other);
+        EXPECT_THROW(Buy("HSIZ6", 2, 99999), EStoreError);
+        Run(2);
+        EXPECT_EQ(Station->Orders().Find(Id)->State, EOrderState::New);
+        EXPECT_EQ(std::count(Logged.begin(), Logged.end(), "Res_OrderEventsKept"), 1);
+    }
+    Run(5);
+    EXPECT_EQ(Station->Orders().Find(Id)->State, EOrderState::Filled);
+    EXPECT_EQ(Position("HSIZ6")->GetQty(), 3);
+    EXPECT_EQ(Station->Orders().Orders().size(), 1u);
 }
 
 TEST_F(TTradingTest, ResettingTheSampleKeepsOrdersAndShowsTheOpeningPositions) {
