@@ -6,6 +6,7 @@
 
 #include "engine/VentiqDataControl.h"
 #include "framework/base/Log.h"
+#include "framework/base/NumberFormat.h"
 #include "framework/base/Numbers.h"
 #include "framework/services/Formatter.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 constexpr double kMaxRows = std::numeric_limits<int32_t>::max();
 
-Text RowCountText(double Count) { return std::isfinite(Count) ? FloatToText(Count, 0, true) : Text("\u221E"); }
+Text RowCountText(double Count) { return std::isfinite(Count) ? FormatNumber(Count, 0, true) : Text("\u221E"); }
 
 }  // namespace
 

@@ -77,6 +77,11 @@ void TVentiqPositionGrid::RequestSymbolPopup(TcxPopupEditProperties& Properties)
     Request.OnSelected = [this, Alive = std::weak_ptr<bool>(FAlive)](TObject* Sender, TObject* Data) {
         if (!Alive.expired() && OnSelectSymbol) OnSelectSymbol(Sender, Data);
     };
+    Request.OnGetMarket = [this, Alive = std::weak_ptr<bool>(FAlive)] {
+        const auto* Control = Alive.expired() ? nullptr : FContext.FMyDataControl.get();
+        return Control ? TSelectedMarket{Control->GetExchange(), Control->GetSeries(), Control->GetMonth()}
+                       : TSelectedMarket();
+    };
     TCustomGlobalChannelManager::GetInstance().SendData(kChannelSymbolPopup, &Request);
     Properties.PopupControl = Request.Control;
 }

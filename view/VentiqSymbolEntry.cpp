@@ -50,6 +50,9 @@ void TVentiqSymbolEntry::ValidateSymbolAt(int Row, Variant& Value) {
 
     const Text Symbol = TEditorManager::GetInstance().GetConvertSymbol(NormalizeSymbolText(Typed));
     Value = Symbol;
+    // The host's form drops more blanks than ours (the wide ones of an input method); nothing is left, nothing was
+    // typed.
+    if (Symbol.empty()) return EmptySymbolAt(Row);
     if (!FCheck.IsValidSymbol(Symbol)) {
         if (PriceDataItem(Symbol)->GetState() != kItemUnknown) {
             Value = kBlankSymbol;

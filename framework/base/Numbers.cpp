@@ -127,8 +127,6 @@ Text FloatToText(double Value, int MaxDecimals, bool Grouping, int MinDecimals) 
 
 Text PriceKey(double Price) { return FloatToText(Price, 8); }
 
-Text GroupedText(double Value) { return FloatToText(Value, 8, true); }
-
 std::optional<double> GroupedTextToFloat(std::string_view S) {
     Text Plain = Trim(S);
     const size_t Start = Plain.starts_with('-') || Plain.starts_with('+') ? 1 : 0;

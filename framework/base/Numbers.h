@@ -29,10 +29,7 @@ FRAMEWORK_API Text FloatToText(double Value, int MaxDecimals, bool Grouping = fa
 // The pattern "0.########": the text under which prices are keyed.
 FRAMEWORK_API Text PriceKey(double Price);
 
-// The pattern "#,##0.########": the text of the range editors.
-FRAMEWORK_API Text GroupedText(double Value);
-
-// Reads back what GroupedText writes: ',' may stand between the groups of three of the whole part.
+// Reads back what FloatToText writes with groups: ',' may stand between the groups of three of the whole part.
 // Blanks at the ends are ignored. Anything that is not a finite number gives no value.
 FRAMEWORK_API std::optional<double> GroupedTextToFloat(std::string_view S);
 

@@ -17,7 +17,7 @@ void TButton::Click() {
         PostFrameEditors();
     else
         SetFocus();
-    if (CanClick()) FireNotify(OnClick, "OnClick");  // posting may have disabled it
+    if (CanClick() && !IsHeldElsewhere()) FireNotify(OnClick, "OnClick");  // posting may have disabled it
 }
 
 }  // namespace fw

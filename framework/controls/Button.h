@@ -17,7 +17,8 @@ public:
     // Enabled and with a handler. A button without one is shown disabled.
     bool CanClick() const { return IsEnabled() && OnClick != nullptr; }
     // Takes the focus, so that open editors are posted (also when it has the focus already), then runs OnClick; what it
-    // throws is caught and logged. Does nothing when the button cannot be clicked.
+    // throws is caught and logged. OnClick does not run when the button cannot be clicked, or when an editor of the
+    // frame refuses what is typed into it.
     void Click();
 
 private:

@@ -13,6 +13,8 @@ T* As(TcxEditProperties* Properties) {
     return dynamic_cast<T*>(Properties);
 }
 
+Text PlainText(const Variant& Value) { return Value.IsFloat() ? FormatShortest(Value.AsFloat()) : Value.AsText(); }
+
 }  // namespace
 
 TCellEditor::TCellEditor(TGridTableView& View, TGridColumn& Column, int Record, TcxEditProperties* Properties,
@@ -32,18 +34,31 @@ bool TCellEditor::IsNumeric() const { return IsSpin() || FColumn.ValueType == EV
 void TCellEditor::SetValue(const Variant& Value) {
     const auto Replacement = IsNumeric() ? ToNumber(Value) : std::optional<Variant>(Value);
     if (FClosed || !Replacement || (*Replacement == FValue && !FTyping)) return;
+    Replace(*Replacement);
+}
+
+std::optional<TRefusal> TCellEditor::EnterNumber(double Number) {
+    if (FClosed || !IsNumeric() || !std::isfinite(Number) || !GetLimits().Allow(Number))
+        return NumberRefusal(FormatShortest(Number));
+    Replace(Number);
+    return std::nullopt;
+}
+
+void TCellEditor::Replace(const Variant& Value) {
     const auto Alive = weak_from_this().lock();
+    ForgetTyping();
     FModified = true;
-    FTyping = FRefused = false;
-    FItemIndex = IndexOfItem(Replacement->AsText());
-    ChangeValue(*Replacement);
+    FItemIndex = IndexOfItem(Value.AsText());
+    ChangeValue(Value);
     OnChanged();
 }
 
-Text TCellEditor::GetText() const {
-    if (FTyping) return FEditText;
-    return FValue.IsFloat() ? FloatToShortestText(FValue.AsFloat()) : FValue.AsText();
+void TCellEditor::ForgetTyping() {
+    FTyping = FAmbiguous = FHeld = false;
+    FRefusal.reset();
 }
+
+Text TCellEditor::GetText() const { return FTyping ? FEditText : PlainText(FValue); }
 
 void TCellEditor::SetItems(std::vector<Text> Items) {
     FItems = std::move(Items);
@@ -55,12 +70,12 @@ void TCellEditor::SelectItem(int Index) {
     if (FClosed || Index < 0 || Index >= static_cast<int>(FItems.size())) return;
     const Text Item = FItems[static_cast<size_t>(Index)];
     const auto Read = ReadTyped(Item);
-    if (!Read) return;  // a word in the list of a numeric column
+    if (!Read.Value) return;  // a word in the list of a numeric column
     const auto Alive = weak_from_this().lock();
+    ForgetTyping();
     FItemIndex = Index;
     FModified = true;
-    FTyping = FRefused = false;
-    ChangeValue(*Read);
+    ChangeValue(*Read.Value);
     OnChanged();
 }
 
@@ -78,16 +93,21 @@ void TCellEditor::OpenList() {
 void TCellEditor::SetEditText(Text Value) {
     if (FClosed) return;
     const auto Alive = weak_from_this().lock();
-    FCaretAtEnd = false;
+    if (!FTyping) FTypedOver = FValue;
+    FCaretAtEnd = FHeld = false;
     FModified = FTyping = true;
     FEditText = std::move(Value);
-    const auto Read = ReadTyped(FEditText);
-    FRefused = !Read;
-    if (Read) {
-        FItemIndex = IndexOfItem(Read->AsText());
-        ChangeValue(*Read);
-    }
+    Read();
     OnChanged();
+}
+
+void TCellEditor::Read() {
+    auto Typed = ReadTyped(FEditText);
+    FRefusal = std::move(Typed.Refusal);
+    FAmbiguous = Typed.Ambiguous;
+    if (!Typed.Value) return;
+    FItemIndex = IndexOfItem(Typed.Value->AsText());
+    ChangeValue(*Typed.Value);
 }
 
 void TCellEditor::KeyDown(int Key, int Shift) {
@@ -102,30 +122,28 @@ void TCellEditor::KeyDown(int Key, int Shift) {
 void TCellEditor::Spin(int Steps) {
     const auto* Properties = As<TcxSpinEditProperties>(FProperties);
     if (FClosed || !Properties) return;
-    const auto Alive = weak_from_this().lock();
-    const Variant Stepped(
-        StepNumber(FValue.AsFloat(0.0), Steps, Properties->Increment, Properties->MinValue, Properties->MaxValue));
+    const Variant Stepped(StepNumber(FValue.AsFloat(0.0), Steps, Properties->Increment, GetLimits()));
     if (Stepped == FValue && !FTyping) return;
-    FModified = true;
-    FTyping = FRefused = false;
-    ChangeValue(Stepped);
-    OnChanged();
+    Replace(Stepped);
 }
 
-std::optional<Variant> TCellEditor::ReadTyped(const Text& Typed) const {
-    Text Read = Typed;
+TNumberLimits TCellEditor::GetLimits() const {
+    const auto* Spin = As<TcxSpinEditProperties>(FProperties);
+    return Spin ? TNumberLimits{Spin->MinValue, Spin->MaxValue, !Spin->FloatValues} : TNumberLimits{};
+}
+
+TTypedValue TCellEditor::ReadTyped(const Text& Typed) const {
+    Text Word = Typed;
     if (const auto* Combo = As<TcxComboBoxProperties>(FProperties); Combo && Combo->FixedList) {
         int Index = IndexOfItem(Typed);
         if (Index < 0) Index = IndexOfItem(Typed, true);
-        if (Index < 0) return std::nullopt;
-        Read = FItems[static_cast<size_t>(Index)];
+        if (Index < 0) return {{}, TRefusal{"Res_LogChoiceRefused", {Typed}}};
+        Word = FItems[static_cast<size_t>(Index)];
     }
-    if (!IsNumeric()) return Variant(Read);
-    const auto* Properties = As<TcxSpinEditProperties>(FProperties);
-    if (!Properties) return ReadNumber(Read, {}, {});
-    const auto Number = ReadNumber(Read, Properties->MinValue, Properties->MaxValue);
-    const bool Whole = !Number || Number->IsNull() || std::trunc(Number->AsFloat()) == Number->AsFloat();
-    return Properties->FloatValues || Whole ? Number : std::nullopt;
+    if (!IsNumeric()) return {Variant(Word), {}};
+    if (FTyping && Word == PlainText(FTypedOver)) return {FTypedOver, {}};  // what was shown is not doubted
+    return ReadNumber(Word, GetLimits(),
+                      [this](double Value) { return FView.GetPreviewText(FRecord, FColumn.GetIndex(), Value); });
 }
 
 int TCellEditor::IndexOfItem(std::string_view Item, bool IgnoreCase) const {
@@ -142,10 +160,16 @@ void TCellEditor::ChangeValue(const Variant& Value) {
     Dispatch(EventName("OnChange"), [&] { Running(this); });
 }
 
+void TCellEditor::Doubt() {
+    FHeld = false;
+    OnChanged();
+}
+
 void TCellEditor::CellWritten(const Variant& Value) {
     if (FModified && !IsPopupShown()) return;
     if (!FModified && Value == FValue) return;
-    FModified = FTyping = FRefused = false;
+    ForgetTyping();
+    FModified = false;
     FValue = Value;
     FItemIndex = IndexOfItem(FValue.AsText());
     OnChanged();

@@ -4,9 +4,13 @@
 #include <memory>
 #include <optional>
 
+#include "framework/base/Refusal.h"
 #include "framework/controls/GridColumn.h"
 
 namespace fw {
+
+struct TTypedValue;
+struct TNumberLimits;
 
 inline constexpr int kKeyUp = 38;
 inline constexpr int kKeyDown = 40;
@@ -31,11 +35,15 @@ public:
     // A program replaces the value and what is typed; fires the properties' OnChange when it differs. In numeric
     // editors what is no finite number changes nothing. Bounds hold for users, not for programs.
     void SetValue(const Variant& Value);
-    // What the editor shows while it is open: the typed text, else the value's plain text ("" for null).
+    // What the editor shows while it is open: the typed text, else the value's plain text ("" for null; numbers in the
+    // current number format, not grouped).
     Text GetText() const;
     bool IsModified() const { return FModified; }
-    bool IsRefused() const { return FRefused; }   // the typed text is no value of this editor
-    void SetCaretToEnd() { FCaretAtEnd = true; }  // until the user types again
+    // Why the typed text is no value of this editor; none while it is one.
+    const std::optional<TRefusal>& GetRefusal() const { return FRefusal; }
+    bool IsRefused() const { return FRefusal.has_value(); }
+    bool IsAmbiguous() const { return FAmbiguous; }  // refused because it can be read in two ways
+    void SetCaretToEnd() { FCaretAtEnd = true; }     // until the user types again
     bool IsCaretAtEnd() const { return FCaretAtEnd; }
 
     // Combos: the editor's own copy of the items.
@@ -48,9 +56,12 @@ public:
     void OpenList();
 
     // User input. Spin editors and plain editors of float columns: a text that is a finite number within the bounds
-    // becomes the value at once, an empty one null; anything else only marks the text as refused. Fixed lists take
-    // typed text only when it is an item (exact, then ignoring case).
+    // becomes the value at once, an empty one null; anything else only marks the text as refused, and so does a text
+    // that can be read in two ways. Fixed lists take typed text only when it is an item (exact, then ignoring case).
     void SetEditText(Text Value);
+    // A number in the user's place, whatever the number format: the limits of typing hold. What is refused, by an
+    // editor of texts too, changes nothing.
+    std::optional<TRefusal> EnterNumber(double Number);
     // Tells the view (OnEditKeyDown, which may change the key; 0: none), then, in a spin editor, Up and Down spin.
     void KeyDown(int Key, int Shift = 0);
     // Buttons and wheel, spin editors only: increments within the bounds, from the last good value; null counts as 0.
@@ -62,7 +73,12 @@ private:
     friend class TGridTableView;
     friend class TGridDataController;
     bool IsNumeric() const;  // the value is a float or null
-    std::optional<Variant> ReadTyped(const Text& Typed) const;
+    TTypedValue ReadTyped(const Text& Typed) const;
+    TNumberLimits GetLimits() const;
+    void Read();                         // takes the typed text, or marks it as refused
+    void Replace(const Variant& Value);  // by a value that was not typed
+    void ForgetTyping();
+    void Doubt();  // what was refused may read otherwise now
     int IndexOfItem(std::string_view Item, bool IgnoreCase = false) const;
     void ChangeValue(const Variant& Value);
     void CellWritten(const Variant& Value);  // the cell got a new value while the editor is open in it
@@ -75,7 +91,11 @@ private:
     TcxEditProperties* FProperties;  // borrowed
     Variant FValue;
     Text FEditText;
-    bool FTyping = false, FModified = false, FRefused = false, FCaretAtEnd = false, FClosed = false;
+    Variant FTypedOver;  // the value before the user typed
+    bool FTyping = false, FModified = false, FCaretAtEnd = false, FClosed = false;
+    std::optional<TRefusal> FRefusal;
+    bool FAmbiguous = false;
+    bool FHeld = false;  // it was posted, and what is typed was refused
     std::vector<Text> FItems;
     int FItemIndex = -1;
 };

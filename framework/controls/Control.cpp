@@ -37,8 +37,11 @@ void TControl::FireNotify(const TNotifyEvent& Event, std::string_view What) {
 
 Text TControl::EventName(std::string_view What) const { return (FName.empty() ? Text() : FName + ".").append(What); }
 
-void TControl::EnsureFocus() {
+bool TControl::IsHeldElsewhere() const { return FScope && FScope->IsHeldBesides(*this); }
+
+bool TControl::EnsureFocus() {
     if (!HasFocus()) SetFocus();
+    return !IsHeldElsewhere();
 }
 
 void TControl::PostFrameEditors() {
@@ -82,6 +85,16 @@ bool TFocusScope::Has(const TControl* Control) const {
     return std::find(FControls.begin(), FControls.end(), Control) != FControls.end();
 }
 
+// A control that cannot be reached cannot be mended, so it holds nobody.
+bool TFocusScope::Keeps(const TControl& Control) {
+    return Control.IsEnabled() && Control.IsVisible() && Control.KeepsFocus();
+}
+
+bool TFocusScope::IsHeldBesides(const TControl& Control) const {
+    return std::any_of(FControls.begin(), FControls.end(),
+                       [&](const TControl* Each) { return Each != &Control && Keeps(*Each); });
+}
+
 void TFocusScope::Focus(TControl& Control) {
     FTarget = &Control;
     if (FLeaving) return;  // the leaving under way ends at the new target
@@ -89,7 +102,10 @@ void TFocusScope::Focus(TControl& Control) {
         const TFlagGuard Leaving(FLeaving, EGuardEnd::Clear);
         TControl* Former = FFocused;
         Former->PostEditor();
-        if (FFocused == Former) Former->DoExit();
+        if (FFocused == Former && Keeps(*Former))
+            FTarget = Former;
+        else if (FFocused == Former)
+            Former->DoExit();
     }
     FFocused = std::exchange(FTarget, nullptr);
     if (FFocused) FFocused->OnFocusRequested();

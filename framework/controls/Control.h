@@ -32,9 +32,13 @@ public:
 
     // Takes the focus within the frame: the control that had it posts its editor and is told that it was left.
     // A control outside a frame has no focus to take. Disabled controls do not take it. Asked for while a control is
-    // being left, it goes to whoever asked last, and nobody is left twice.
+    // being left, it goes to whoever asked last, and nobody is left twice. A control that refuses what is typed into it
+    // keeps the focus, and is told that it was asked for.
     void SetFocus();
     bool HasFocus() const;
+    // Another control of the frame refuses what is typed into it: until that is mended or cancelled, users can do
+    // nothing here.
+    bool IsHeldElsewhere() const;
 
     // Writes what is typed and not yet applied into the value or cell; nothing open: nothing happens.
     virtual void PostEditor() {}
@@ -52,12 +56,15 @@ public:
 protected:
     // The focus goes to another control. Called once, after PostEditor.
     virtual void DoExit() {}
+    // Asked after PostEditor: the editor is still open, because what is typed was refused.
+    virtual bool KeepsFocus() const { return false; }
     // Runs an event of the form; what it throws is logged as "<name>.<What>". The control may die in the handler, so a
     // caller does nothing with it afterwards.
     void FireNotify(const TNotifyEvent& Event, std::string_view What);
     Text EventName(std::string_view What) const;
-    // User input goes to the control that has the focus: takes it unless it is here already.
-    void EnsureFocus();
+    // User input goes to the control that has the focus: takes it unless it is here already. False: it is held
+    // elsewhere, the input is not taken.
+    bool EnsureFocus();
     // Posts every editor of the frame; nothing outside a frame.
     void PostFrameEditors();
 
@@ -93,6 +100,8 @@ public:
 private:
     friend class TControl;
     void Focus(TControl& Control);
+    bool IsHeldBesides(const TControl& Control) const;
+    static bool Keeps(const TControl& Control);
     bool Has(const TControl* Control) const;
     std::vector<TControl*> FControls;
     TControl* FFocused = nullptr;

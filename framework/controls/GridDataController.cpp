@@ -21,6 +21,7 @@ void TGridDataController::SetRecordCount(int Count) {
 
 Variant TGridDataController::GetValue(int Record, int Column) const {
     if (!FView.HasCell(Record, Column)) return {};
+    if (FPreview && FPreview->IsAt(Record, Column)) return FPreview->GetValue();
     if (TCustomDataControl* Control = FView.GetDataControl()) {
         const int Attribute = FView.GetColumn(Column)->Tag;
         return DispatchValue(FView.EventName("GetValue"), Variant(),

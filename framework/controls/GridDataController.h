@@ -31,7 +31,27 @@ public:
 
 private:
     friend class TGridTableView;
+    // While it lives, one cell reads as another value.
+    class TPreview {
+    public:
+        TPreview(TGridDataController& Data, int Record, int Column, const Variant& Value)
+            : FData(Data), FRecord(Record), FColumn(Column), FValue(Value), FOuter(Data.FPreview) {
+            Data.FPreview = this;
+        }
+        ~TPreview() { FData.FPreview = FOuter; }
+        TPreview(const TPreview&) = delete;
+        TPreview& operator=(const TPreview&) = delete;
+        bool IsAt(int Record, int Column) const { return Record == FRecord && Column == FColumn; }
+        const Variant& GetValue() const { return FValue; }
+
+    private:
+        TGridDataController& FData;
+        int FRecord, FColumn;
+        const Variant& FValue;
+        const TPreview* FOuter;
+    };
     TGridTableView& FView;
+    const TPreview* FPreview = nullptr;        // the innermost one
     std::vector<std::vector<Variant>> FCells;  // rows; a row is as long as its last written column
 };
 

@@ -8,15 +8,13 @@ namespace fw {
 
 namespace {
 
-void LogRefused(const TCellEditor& Editor) {
-    TLog::Warning(Editor.IsCombo() ? "Res_LogChoiceRefused" : "Res_LogNumberRefused", {Editor.GetText()});
-}
+void LogRefused(const TCellEditor& Editor) { TLog::Warning(Editor.GetRefusal()->Key, Editor.GetRefusal()->Args); }
 
 }  // namespace
 
 TCellEditor* TGridTableView::StartEdit(int Record, int Column) {
     if (FPosting || !IsEnabled() || !HasCell(Record, Column)) return nullptr;
-    EnsureFocus();
+    if (!EnsureFocus()) return nullptr;
     if (HasEditorAt(Record, Column)) return FEditor.get();
     PostEditor();
     SetFocusedCell(Record, Column);
@@ -52,6 +50,9 @@ bool TGridTableView::HasEditorAt(int Record, int Column) const {
 void TGridTableView::PostEditor() {
     if (!FEditor || FPosting) return;
     const auto Editor = FEditor;
+    if (Editor->IsAmbiguous()) Editor->Read();  // the cell may show another text by now
+    if (FEditor != Editor) return;
+    if (Editor->IsAmbiguous()) return Hold(*Editor);
     if (!Editor->IsModified() || Editor->IsRefused()) {
         if (Editor->IsRefused()) LogRefused(*Editor);
         CloseEditor();
@@ -67,12 +68,25 @@ void TGridTableView::PostEditor() {
         if (Result == EValidation::Accepted) FData.SetValue(Editor->FRecord, Editor->FColumn.GetIndex(), Value);
     }
     if (Result == EValidation::Refused) {
+        Editor->FHeld = true;
         Editor->OnChanged();
         return;
     }
     const int Record = Editor->FRecord, Column = Editor->FColumn.GetIndex();
     CloseEditor();
     if (Result == EValidation::Accepted) OnEdited(Record, Column, Typed, FData.GetValue(Record, Column));
+}
+
+void TGridTableView::Hold(TCellEditor& Editor) {
+    if (std::exchange(Editor.FHeld, true)) return;
+    LogRefused(Editor);
+    Editor.OnChanged();
+}
+
+bool TGridTableView::KeepsFocus() const { return FEditor && FEditor->FHeld; }
+
+std::optional<TRefusal> TGridTableView::GetRefusal() const {
+    return KeepsFocus() ? FEditor->GetRefusal() : std::nullopt;
 }
 
 void TGridTableView::CancelEdit() {

@@ -2,11 +2,17 @@
 #include "framework/controls/GridTableView.h"
 
 #include "framework/base/FlagGuard.h"
-#include "framework/base/Numbers.h"
+#include "framework/base/NumberFormat.h"
 
 namespace fw {
 
-TGridTableView::TGridTableView() : FData(*this) {}
+TGridTableView::TGridTableView() : FData(*this) {
+    FFormatLinks += NumberFormatChanging().Connect([this] { PostEditor(); });
+    FFormatLinks += NumberFormatChanged().Connect([this] {
+        if (FEditor) FEditor->Doubt();
+        Repaint();
+    });
+}
 TGridTableView::~TGridTableView() = default;
 TGridLevel::~TGridLevel() = default;
 TGrid::~TGrid() = default;
@@ -79,13 +85,18 @@ Text TGridTableView::GetCellText(int Record, int Column) {
         const TcxEditProperties* Properties = GetCellProperties(Record, Column);
         if (Properties) Result = Properties->NullText;
     } else {
-        Result = Value.IsFloat() ? FloatToShortestText(Value.AsFloat()) : Value.AsText();
+        Result = Value.IsFloat() ? FormatShortest(Value.AsFloat()) : Value.AsText();
     }
     if (!Shown.OnGetDisplayText) return Result;
     Text Replaced = Result;
     const bool Done =
         Dispatch(ColumnEvent(Shown, "OnGetDisplayText"), [&] { Shown.OnGetDisplayText(Shown, Record, Replaced); });
     return Done ? Replaced : Result;
+}
+
+Text TGridTableView::GetPreviewText(int Record, int Column, const Variant& Value) {
+    const TGridDataController::TPreview Preview(FData, Record, Column, Value);
+    return GetCellText(Record, Column);
 }
 
 TStyle* TGridTableView::GetCellStyle(int Record, int Column) {

@@ -51,6 +51,8 @@ public:
     // What a cell shows: the data's text (or the properties' null text; bound: the data control's display value), then
     // the column's OnGetDisplayText. Out of range: "".
     Text GetCellText(int Record, int Column);
+    // What the cell would show if it held Value. Nothing is written and nobody told.
+    Text GetPreviewText(int Record, int Column, const Variant& Value);
     TStyle* GetCellStyle(int Record, int Column);  // null: default
     TcxEditProperties* GetCellProperties(int Record, int Column);
 
@@ -68,13 +70,17 @@ public:
     bool CanEdit(int Record, int Column);
     TCellEditor* GetEditor() const { return FEditor.get(); }
     // Validates and writes the open editor's value into the cell and closes it. A refused text leaves the cell as it
-    // was, with one warning in the log. A validation error keeps the editor open, a validation that throws closes it
-    // and leaves the cell as it was. An editor that was not modified only closes. A call from inside the validation
-    // does nothing; an editor cancelled there (its record deleted) writes nothing.
+    // was, with one warning in the log; one that can be read in two ways keeps the editor open besides. A validation
+    // error keeps the editor open, a validation that throws closes it and leaves the cell as it was. An editor that was
+    // not modified only closes. A call from inside the validation does nothing; an editor cancelled there (its record
+    // deleted) writes nothing. An editor that stays open keeps the focus of the frame until what is typed is mended or
+    // cancelled.
     void PostEditor() override;
     void CancelEdit();
     // The error text of the last refused validation; "" when there is none.
     const Text& GetErrorText() const { return FErrorText; }
+    // Why the text of the open editor was refused when it was last posted; until it changes.
+    std::optional<TRefusal> GetRefusal() const;
 
     void Repaint() { OnRepaint(); }
 
@@ -94,6 +100,9 @@ public:
     // A posted edit: record, column, what was typed (before validation), what stands in the cell now.
     TSignal<int, int, const Variant&, const Variant&> OnEdited;
 
+protected:
+    bool KeepsFocus() const override;
+
 private:
     friend class TGridColumn;
     friend class TGridDataController;
@@ -111,13 +120,14 @@ private:
     bool AskEditing(TGridColumn& Column);
     EValidation Validate(TCellEditor& Editor, Variant& Value);
     bool HasEditorAt(int Record, int Column) const;
+    void Hold(TCellEditor& Editor);
     void CloseEditor();
     Text ColumnEvent(const TGridColumn& Column, std::string_view What) const;
 
     std::vector<std::unique_ptr<TGridColumn>> FColumns;
     TGridDataController FData;
     TCustomGridDataSource* FSource = nullptr;  // borrowed
-    TConnections FSourceLinks;
+    TConnections FSourceLinks, FFormatLinks;
     std::shared_ptr<TCellEditor> FEditor;  // shared only with its own running calls
     bool FPosting = false;
     Text FErrorText;

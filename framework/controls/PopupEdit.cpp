@@ -29,7 +29,7 @@ void TPopupEdit::SetChoices(std::vector<TPopupChoice> Value) {
 }
 
 void TPopupEdit::Choose(int Index) {
-    if (Index < 0 || Index >= static_cast<int>(FChoices.size())) return;
+    if (Index < 0 || Index >= static_cast<int>(FChoices.size()) || !EnsureFocus()) return;
     const TPopupChoice Choice = FChoices[static_cast<size_t>(Index)];  // a listener may replace the choices
     FHint = Choice.Code;
     FText = Choice.Shown;

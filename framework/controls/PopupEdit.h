@@ -27,7 +27,7 @@ public:
 
     const std::vector<TPopupChoice>& GetChoices() const { return FChoices; }
     void SetChoices(std::vector<TPopupChoice> Value);
-    // Takes a choice: text and hint, then the exit notification. Out of range: nothing.
+    // The user takes a choice: text and hint, then the exit notification. Out of range: nothing.
     void Choose(int Index);
 
     void KeyPress(char Key);  // fires OnKeyPress

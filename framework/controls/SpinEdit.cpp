@@ -2,12 +2,20 @@
 #include "framework/controls/SpinEdit.h"
 
 #include "framework/base/Log.h"
-#include "framework/controls/NumberInput.h"
 
 namespace fw {
 
 namespace {
 constexpr std::string_view kGroupedPattern = "#,##0.########";
+constexpr int kPatternDecimals = 8;
+}  // namespace
+
+TSpinEdit::TSpinEdit() {
+    FFormatLinks += NumberFormatChanging().Connect([this] { PostEditor(); });
+    FFormatLinks += NumberFormatChanged().Connect([this] {
+        FRefusal.reset();
+        OnValueChanged();
+    });
 }
 
 TSpinEdit::~TSpinEdit() = default;
@@ -16,8 +24,7 @@ void TSpinEdit::SetValue(const Variant& Value) {
     const auto Number = ToNumber(Value);
     if (!Number) return;
     const bool Typed = FModified;
-    FModified = false;
-    FEditText.clear();
+    DropEditText();
     if (*Number == FValue) {
         if (Typed) OnValueChanged();
     } else {
@@ -31,61 +38,88 @@ void TSpinEdit::SetDisplayFormat(Text Pattern) {
     OnValueChanged();
 }
 
+Text TSpinEdit::ShownText(double Value) const {
+    return FDisplayFormat == kGroupedPattern ? FormatNumber(Value, kPatternDecimals, true) : FormatShortest(Value);
+}
+
 Text TSpinEdit::GetText() const {
     if (FModified) return FEditText;
-    if (FValue.IsNull()) return {};
-    return FDisplayFormat == kGroupedPattern ? GroupedText(GetFloat()) : FloatToShortestText(GetFloat());
+    return FValue.IsNull() ? Text() : ShownText(GetFloat());
 }
 
 void TSpinEdit::SetEditText(Text Value) {
-    EnsureFocus();
-    if (Value == GetText()) return;
+    if (!EnsureFocus()) return OnValueChanged();
+    if (Value == GetText()) {
+        if (!FModified) FRefusal.reset();
+        return;
+    }
     FEditText = std::move(Value);
     FModified = true;
+    FRefusal.reset();
     OnValueChanged();
 }
 
 void TSpinEdit::PostEditor() {
-    if (!FModified) return;
-    FModified = false;  // first: a handler that posts again finds nothing
-    const Text Typed = std::exchange(FEditText, {});
+    if (!FModified || FRefusal) return;
+    const Text Typed = FEditText;
+    DropEditText();            // first: a handler that posts again finds nothing
     if (Typed == GetText()) {  // typed back: the shown text may be shorter than the value
         OnValueChanged();
         return;
     }
-    const auto Number = ReadNumber(Typed, FMinValue, FMaxValue);
-    if (!Number) TLog::Warning("Res_LogNumberRefused", {Typed});
-    if (Number && *Number != FValue)
-        ChangeValue(*Number);
+    const auto Read = ReadNumber(Typed, FLimits, [this](double Value) { return ShownText(Value); });
+    if (Read.Ambiguous) {
+        FEditText = Typed;
+        FModified = true;
+    }
+    FRefusal = Read.Refusal;
+    if (Read.Refusal) TLog::Warning(Read.Refusal->Key, Read.Refusal->Args);
+    if (Read.Value && *Read.Value != FValue)
+        ChangeValue(*Read.Value);
     else
         OnValueChanged();
 }
 
-void TSpinEdit::CancelEdit() {
-    if (!FModified) return;
+void TSpinEdit::DropEditText() {
     FModified = false;
     FEditText.clear();
+    FRefusal.reset();
+}
+
+void TSpinEdit::CancelEdit() {
+    if (!FModified) return;
+    DropEditText();
     OnValueChanged();
 }
 
+std::optional<TRefusal> TSpinEdit::EnterNumber(double Number) {
+    if (!std::isfinite(Number) || !FLimits.Allow(Number)) return NumberRefusal(FormatShortest(Number));
+    SetValue(Number);
+    return std::nullopt;
+}
+
 void TSpinEdit::KeyPress(char Key) {
-    EnsureFocus();
-    if (Key == kKeyEnter) PostEditor();
+    if (!EnsureFocus()) return;
+    if (Key == kKeyEnter) {
+        PostEditor();
+        if (KeepsFocus()) return;
+    }
     if (!OnKeyPress) return;
     const auto Running = OnKeyPress;
     Dispatch(EventName("OnKeyPress"), [&] { Running(this, Key); });
 }
 
 void TSpinEdit::Spin(int Steps) {
-    EnsureFocus();
+    if (!EnsureFocus()) return;
     PostEditor();
-    const Variant Stepped(StepNumber(GetFloat(), Steps, FIncrement, FMinValue, FMaxValue));
+    if (KeepsFocus()) return;
+    const Variant Stepped(StepNumber(GetFloat(), Steps, FIncrement, FLimits));
     if (Stepped != FValue) ChangeValue(Stepped);
 }
 
 void TSpinEdit::Exit() {
     PostEditor();
-    FireNotify(OnExit, "OnExit");
+    if (!KeepsFocus()) FireNotify(OnExit, "OnExit");
 }
 
 void TSpinEdit::DoExit() { FireNotify(OnExit, "OnExit"); }

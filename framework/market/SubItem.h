@@ -21,6 +21,11 @@ enum EField : int {
     kFieldSeries = 141,
     kFieldMultiplier = 504,
     kFieldDisplayFactor = 1504,
+    // The quote itself; real price units. A side that nobody quotes has no value.
+    kFieldBid = 2001,
+    kFieldAsk = 2002,
+    kFieldLast = 2003,
+    kFieldQuoteTime = 2004,  // when it last changed: seconds since 1970-01-01 UTC
 };
 
 // Market data of one symbol. The subscription service owns it for the process and gives the same object for the same

@@ -1,21 +1,34 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <functional>
+
 #include "framework/base/Const.h"
 #include "framework/base/Object.h"
+#include "framework/base/Text.h"
 
 namespace fw {
 
 class TPopupControl;
 
+// The market that a view stands on; an empty text: not chosen yet.
+struct TSelectedMarket {
+    Text Exchange, Series;
+    Text Month;  // "yyyy-MM", "-" and the week behind it for weekly contracts
+    bool IsChosen() const { return !Exchange.empty() && !Series.empty() && !Month.empty(); }
+    bool operator==(const TSelectedMarket&) const = default;
+};
+
 // Asks the listener of kChannelSymbolPopup for a symbol-selection popup. The listener fills Control (borrowed from the
-// listener; it forgets OnSelected when Owner asks it to, or when Owner is unsubscribed).
+// listener; it forgets both callbacks when Owner asks it to, or when Owner is unsubscribed).
 class FRAMEWORK_API TPopupRequestRecord : public TObject {
 public:
     TPopupRequestRecord();
     ~TPopupRequestRecord() override;
     TObject* Owner = nullptr;
-    TDataEvent OnSelected;             // (Sender, Data): Data is a TCustomMarketData
+    TDataEvent OnSelected;  // (Sender, Data): Data is a TCustomMarketData
+    // Asked whenever the popup opens. Left out, or while nothing is chosen: the popup has nothing to offer.
+    std::function<TSelectedMarket()> OnGetMarket;
     TPopupControl* Control = nullptr;  // out
 };
 

@@ -199,11 +199,16 @@ TEST_F(DocksTest, MenusFollowTheDescriptorsLevels) {
 TEST_F(DocksTest, TheHintNamesWhatIsMissingNext) {
     TTestFrame& Frame = FrameOf(*Docks.Open(*View));
     EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintChooseMarket");
-    EXPECT_STREQ(ws::RefusedHint(Frame), "Res_HintChooseMarket");
+    Frame.Grid.GetDataController().SetRecordCount(2);
+    Frame.Grid.SetFocusedCell(0, 0);
+    EXPECT_STREQ(ws::RefusedHint(Frame, Frame.Grid), "Res_HintChooseMarket");
     Frame.Combo.AddItem("HKFE");
     Frame.Combo.SetItemIndex(0);
     EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintTypeSymbol");
-    EXPECT_STREQ(ws::RefusedHint(Frame), "Res_HintRowFixed");
+    EXPECT_STREQ(ws::RefusedHint(Frame, Frame.Grid), "Res_HintRowFixed");
+    Frame.Grid.SetFocusedCell(1, 0);
+    EXPECT_STREQ(ws::RefusedHint(Frame, Frame.Grid), "Res_HintChooseMarket") << "the input row is never fixed";
+    Frame.Grid.SetFocusedCell(0, 0);
     Frame.Grid.GetDataController().SetValue(0, 0, "AAA");
     EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintCalculate");
     Frame.Line.AddXY(1, 1);

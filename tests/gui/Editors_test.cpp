@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QMenu>
 
 #include "tests/gui/GuiTest.h"
+#include "tests/support/NumberFormatGuard.h"
 #include "workstation/renderers/ButtonRenderer.h"
 #include "workstation/renderers/ComboRenderer.h"
 #include "workstation/renderers/PopupEditRenderer.h"
@@ -218,6 +220,49 @@ TEST_F(EditorsTest, CaptionsFollowTheModelAndHiddenItemsAreNotShown) {
     EXPECT_FALSE(Find<ws::TComboRenderer>()->isVisible());
     Frame.ComboItem.SetVisible(true);
     EXPECT_TRUE(Find<ws::TComboRenderer>()->isVisible());
+}
+
+TEST_F(EditorsTest, ANumberWithTwoReadingsKeepsFocusAndMouseInItsField) {
+    Frame.Up.SetValue(5.0);
+    auto& Up = Spin(Frame.Up);
+    auto& Combo = *Find<ws::TComboRenderer>();
+    Frame.Combo.SetItemIndex(0);
+    Up.Line().setFocus();
+    Up.Line().selectAll();
+    QTest::keyClicks(&Up.Line(), "1,500");
+    Frame.Seen.clear();
+
+    QTest::mouseClick(&Button("Res_Calculate"), Qt::LeftButton);
+    EXPECT_TRUE(Up.Line().hasFocus());
+    QTest::mouseClick(&Combo, Qt::LeftButton);
+    EXPECT_FALSE(Combo.view()->isVisible());
+    QTest::mouseClick(Spin(Frame.Down).UpButton(), Qt::LeftButton);
+    QTest::keyClick(&Up.Line(), Qt::Key_Tab);
+    QTest::mouseClick(&Find<ws::TPopupEditRenderer>()->Line(), Qt::LeftButton);
+    EXPECT_TRUE(Window->findChildren<QMenu*>().isEmpty());
+    ClickCell(0, kPremium);
+    EXPECT_FALSE(Frame.Grid.GetEditor());
+
+    EXPECT_TRUE(Up.Line().hasFocus());
+    EXPECT_TRUE(Frame.Up.HasFocus());
+    EXPECT_EQ(Up.Line().text(), "1,500");
+    EXPECT_EQ(Frame.Seen, TTexts{});
+    EXPECT_TRUE(Frame.Down.GetValue().IsNull());
+    EXPECT_EQ(Up.Line().palette().color(QPalette::Text), Context.Color("coError"));
+    EXPECT_NE(Up.Line().toolTip(), "");
+
+    QTest::keyClick(&Up.Line(), Qt::Key_Escape);
+    EXPECT_EQ(Up.Line().text(), "5");
+    EXPECT_EQ(Up.Line().toolTip(), "");
+    EXPECT_NE(Up.Line().palette().color(QPalette::Text), Context.Color("coError"));
+    QTest::mouseClick(&Button("Res_Calculate"), Qt::LeftButton);
+    EXPECT_EQ(Frame.Seen.back(), "go ");
+}
+
+TEST_F(EditorsTest, EveryFieldShowsANewNumberFormat) {
+    Frame.Up.SetValue(1234.5);
+    const fw::TScopedNumberFormat Format("de_DE");
+    EXPECT_EQ(Spin(Frame.Up).Line().text(), "1234,5");
 }
 
 }  // namespace gui

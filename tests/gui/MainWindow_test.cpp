@@ -1,101 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The whole program with the real package, on the sample market in memory.
-#include <gtest/gtest.h>
+#include "tests/gui/MainWindowTest.h"
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QTest>
 #include <QToolButton>
 
 #include <fstream>
 
-#include "framework/base/Clock.h"
 #include "framework/controls/Chart.h"
 #include "framework/controls/ComboBox.h"
-#include "tests/gui/FakeDialogs.h"
 #include "tests/gui/TestFrame.h"
-#include "workstation/renderers/GridRenderer.h"
-#include "workstation/shell/MainWindow.h"
-#include "workstation/shell/PackageLoader.h"
 #include "workstation/shell/Picture.h"
 
 namespace gui {
-
-namespace fs = std::filesystem;
-
-class MainWindowTest : public testing::Test {
-protected:
-    MainWindowTest() {
-        fw::TClock::Fix(std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + std::chrono::hours(4));
-        Folder = fs::temp_directory_path() / ("shell-" + std::to_string(::getpid()));
-        fs::create_directories(Folder);
-        ws::TWorkstationOptions Options;
-        Options.StoreFile = Folder / "none.db";
-        Options.InMemory = true;
-        Options.SampleFolder = TEST_SAMPLE_FOLDER;
-        Workstation = std::make_unique<ws::TWorkstation>(Options);
-        Context.SetSkin("Light");
-        auto Given = std::make_unique<TFakeDialogs>(Context);
-        Dialogs = Given.get();
-        Window = std::make_unique<ws::TMainWindow>(*Workstation, Context, std::move(Given));
-        EXPECT_TRUE(ws::LoadPackage(TEST_PACKAGE));
-        Window->ReloadViews();
-        Window->show();
-    }
-    ~MainWindowTest() override {
-        Window.reset();
-        Workstation.reset();
-        fs::remove_all(Folder);
-        fw::TClock::Fix({});
-    }
-
-    fw::TFrame& PlayFirstStart() {
-        ws::TViewDock* Dock = Window->PlayFirstStart();
-        if (!Dock || !Dock->Frame()) throw std::runtime_error("no view opened");
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !Window->IsPlaying(); }, 12000));
-        return *Dock->Frame();
-    }
-    ws::TGridRenderer& Grid() const {
-        for (auto* Each : Window->Docks().Current()->findChildren<QTableView*>())
-            if (auto* Found = dynamic_cast<ws::TGridRenderer*>(Each)) return *Found;
-        throw std::runtime_error("no grid");
-    }
-    QStringList MenuTexts() const {
-        QStringList Result;
-        for (QAction* Each : Window->menuBar()->actions()) Result << Each->text();
-        return Result;
-    }
-    QStringList MessageTexts() const {
-        QStringList Result;
-        for (int Row = 0; Row < Window->Messages().rowCount(); ++Row)
-            Result << Window->Messages().index(Row, ws::TMessageList::kText).data().toString();
-        return Result;
-    }
-    // As a trader: click the cell, type, press the key.
-    void TypeCell(int Row, int Column, const char* Text, Qt::Key Key = Qt::Key_Return) {
-        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().CellRect(Row, Column).center());
-        if (!Grid().GetEditorWidget()) throw std::runtime_error("the cell does not open");
-        QWidget* Editor = Grid().GetEditorWidget()->FocusWidget();
-        QTest::keyClicks(Editor, QString::fromUtf8(Text));
-        QTest::keyClick(Editor, Key);
-    }
-    void Click(const QString& Caption) {
-        for (auto* Each : Window->Docks().Current()->findChildren<QPushButton*>())
-            if (Each->text() == Caption) return QTest::mouseClick(Each, Qt::LeftButton);
-        throw std::runtime_error("no such button");
-    }
-
-    fs::path Folder;
-    std::unique_ptr<ws::TWorkstation> Workstation;
-    ws::TRenderContext Context;
-    TFakeDialogs* Dialogs = nullptr;
-    std::unique_ptr<ws::TMainWindow> Window;
-};
 
 TEST_F(MainWindowTest, TheFirstStartShowsACalculatedStrategyWithItsHintOn) {
     fw::TFrame& Frame = PlayFirstStart();
@@ -130,27 +50,6 @@ TEST_F(MainWindowTest, ALegTypedInTheCellsIsCalculated) {
     ASSERT_EQ(Chart->Series()[0]->GetCount(), 3);  // the two ends and the strike
     EXPECT_EQ(Chart->Series()[0]->GetX(1), 25600.0);
     EXPECT_EQ(Chart->Series()[0]->GetY(1), -100.0 * 2 * 50);
-}
-
-TEST_F(MainWindowTest, ASymbolIsSearchedAndChosenInThePopup) {
-    fw::TFrame& Frame = PlayFirstStart();
-    Click("Clear");
-    const auto Buttons = Grid().CellButtons(0, 0);
-    ASSERT_EQ(Buttons.size(), 1u);
-    QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Buttons[0].Rect.center());
-    auto* Search = qobject_cast<QLineEdit*>(
-        QApplication::activePopupWidget() ? QApplication::activePopupWidget()->findChild<QLineEdit*>() : nullptr);
-    ASSERT_NE(Search, nullptr);
-    QTest::keyClicks(Search, "hsi 2026/12 25600 p");
-    auto* List = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
-    ASSERT_NE(List, nullptr);
-    ASSERT_GE(List->model()->rowCount(), 1);
-    QTest::keyClick(Search, Qt::Key_Return);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    auto* Legs = Frame.FindControl<fw::TGridTableView>("PositionGridView");
-    Legs->PostEditor();
-    EXPECT_EQ(Legs->GetDataController().GetValue(0, 0).AsText(), "HSI25600X6");
-    EXPECT_EQ(Legs->GetDataController().GetRecordCount(), 2);
 }
 
 TEST_F(MainWindowTest, ASymbolThatTheViewBlanksIsNamedInTheMessagesAndTheStatusBar) {
@@ -291,6 +190,16 @@ TEST_F(MainWindowTest, ACellThatAViewRefusesToEditIsExplainedInTheStatusBar) {
     QTest::qWait(1);
     QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().CellRect(0, 0).center());
     EXPECT_EQ(Window->Status().Hint(), "Choose exchange, series and expiry to type legs.");
+    Frame.Combo.AddItem("HKFE");
+    Frame.Combo.SetItemIndex(0);
+    Frame.Grid.GetDataController().SetRecordCount(2);
+    QTest::keyClick(&Grid(), Qt::Key_A);
+    EXPECT_TRUE(Window->Status().Hint().contains("loaded positions stay as they are"));
+    Frame.AllowEditing = true;
+    Frame.RefuseSymbol = "A";
+    QTest::keyClick(&Grid(), Qt::Key_A);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Window->Status().Hint(), "no such symbol");
     Window->Docks().CloseAll();
 }
 

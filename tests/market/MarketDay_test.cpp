@@ -33,4 +33,13 @@ TEST(MarketDay, WallClockIsEastOfUtc) {
     EXPECT_EQ(ws::MarketDayAt(Utc, 22 * 60), kDay + days{1});
 }
 
+TEST(MarketDay, ATimeIsReadBackAsItWasWritten) {
+    for (const int Offset : {0, 480, -360, 330})
+        for (const auto At : {kDay + seconds(0), kDay + seconds(86399)})
+            EXPECT_EQ(ws::MarketTimeOf(ws::MarketTimeText(At, Offset), Offset), At) << Offset;
+    for (const char* Text : {"", "2026/12/01", "2026/12/01 24:00:00", "2026/12/01 10:60:00", "2026/12/01 10:00:60",
+                             "2026/02/30 10:00:00", "2026/12/01T10:00:00", "2026/12/01 1a:00:00"})
+        EXPECT_FALSE(ws::MarketTimeOf(Text, 0)) << Text;
+}
+
 }  // namespace

@@ -90,4 +90,12 @@ TEST(SymbolConverter, AShortCodeThatIsASymbolLeadsNowhereElse) {
     EXPECT_EQ(Converter.Convert("00016"), "00016");
 }
 
+// Seen: a symbol that the exchange writes in lower case came out in lower case from its short code, and in upper case
+// from the second conversion.
+TEST(SymbolConverter, AShortCodeOfASymbolInAnotherFormLeadsNowhere) {
+    const ws::TSymbolConverter Converter({Product("hsif7", "00005"), Product("HSI F7", "00006")});
+    for (const char* Typed : {"5", "00005", "6", "hsif7"})
+        EXPECT_EQ(Converter.Convert(Converter.Convert(Typed)), Converter.Convert(Typed)) << Typed;
+}
+
 }  // namespace

@@ -42,9 +42,9 @@ TEST(CommandLine, AHeadlessJobIsReadWhole) {
     ASSERT_EQ(Line.Strategy.Legs.size(), 2u);
     EXPECT_EQ(Line.Strategy.Legs[1].Symbol, "SPX230217C04200000");
     EXPECT_EQ(Line.Strategy.Legs[1].Side, ELegSide::Sell);
-    EXPECT_EQ(*Line.Strategy.Legs[1].Premium, "20");
-    EXPECT_EQ(Line.Strategy.Legs[1].Qty, "2");
-    EXPECT_EQ(*Line.Strategy.Down, "3,900");
+    EXPECT_EQ(Line.Strategy.Legs[1].Premium, 20.0);
+    EXPECT_EQ(Line.Strategy.Legs[1].Qty, 2.0);
+    EXPECT_EQ(Line.Strategy.Down, 3900.0);
     EXPECT_EQ(Line.Out, "out");
 }
 
@@ -81,6 +81,7 @@ TEST(CommandLine, WrongArgumentsAreNamed) {
         {"date order", {"import", "f", "--date-order", "upwards"}, "Res_UsageDateOrder"},
         {"skin", {"--skin", "Pink"}, "Res_UsageSkin"},
         {"language", {"--language", "tlh"}, "Res_UsageLanguage"},
+        {"number format", {"--number-format", "roman"}, "Res_UsageNumberFormat"},
     };
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);

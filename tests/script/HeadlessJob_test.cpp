@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/script/JobFixture.h"
+#include "workstation/market/MonthCode.h"
 #include "workstation/script/StrategyRun.h"
 
 namespace ws {
@@ -43,7 +44,7 @@ TEST_F(THeadlessJobTest, EveryLegThatIsInTheWayIsNamedAndNothingIsWritten) {
         {"never any data", {"--leg", "HHI9400L6,buy,1,1", "--leg", "HHI10500L6,buy,1,1"}, {"HHI10500L6"}},
         {"unknown market", {"--exchange", "MOON", "--leg", "HSI26400L6,buy,1,1"}, {"MOON"}},
         {"bad range", {"--leg", "HSI26400L6,buy,1,1", "--down", "5", "--up", "4"}, {}},
-        {"a quantity beyond the editor", {"--leg", "HSI26400L6,buy,1,1e18"}, {"1e18"}},
+        {"a quantity beyond the editor", {"--leg", "HSI26400L6,buy,1,1e18"}, {"1e+18"}},
     };
     for (const auto& C : Cases) {
         SCOPED_TRACE(C.Why);

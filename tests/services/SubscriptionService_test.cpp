@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/ServiceFixture.h"
+#include "workstation/services/SubscriptionItem.h"
 
 namespace ws {
 
@@ -93,6 +94,37 @@ TEST_F(TSubscriptionServiceTest, TheDisplayFactorIsAField) {
     Subscribe("CPRZ26");
     Station->Pump();
     EXPECT_EQ(Item("CPRZ26").GetFieldValue(fw::kFieldDisplayFactor), 100.0);
+}
+
+TEST_F(TSubscriptionServiceTest, TheQuoteItselfIsThereWithItsTime) {
+    Subscribe("HSIZ6");
+    Station->Pump();
+    auto& I = Item("HSIZ6");
+    EXPECT_LE(I.GetFieldValue(fw::kFieldBid), I.GetFieldValue(fw::kFieldLast));
+    EXPECT_LE(I.GetFieldValue(fw::kFieldLast), I.GetFieldValue(fw::kFieldAsk));
+    EXPECT_GT(I.GetFieldValue(fw::kFieldBid), 0.0);
+    const auto Clock = std::chrono::duration<double>(fw::TClock::Now().time_since_epoch()).count();
+    EXPECT_EQ(I.GetFieldValue(fw::kFieldQuoteTime), Clock);
+}
+
+// The clock of the tests stands while the market goes on: an age counted between the two would be wrong.
+TEST_F(TSubscriptionServiceTest, AQuotesAgeDoesNotDependOnHowFarTheMarketsTimeIsFromTheClock) {
+    Subscribe("HSIZ6");
+    Run(600);
+    const auto Clock = std::chrono::duration<double>(fw::TClock::Now().time_since_epoch()).count();
+    EXPECT_NEAR(Item("HSIZ6").GetFieldValue(fw::kFieldQuoteTime), Clock, 60.0);
+}
+
+TEST_F(TSubscriptionServiceTest, ASideThatNobodyQuotesHasNoValue) {
+    TSubscriptionItem I("X");
+    TQuoteRow Quote;
+    Quote.Ask = 1.5;
+    I.Take({}, std::nullopt);
+    I.TakeQuote(Quote, std::nullopt);
+    EXPECT_EQ(I.GetFieldText(fw::kFieldAsk), "1.5");
+    for (const int Field : {fw::kFieldBid, fw::kFieldLast, fw::kFieldQuoteTime}) EXPECT_FALSE(I.HasField(Field));
+    I.TakeQuote({}, At(1970, 1, 2, 0));
+    EXPECT_EQ(I.GetFieldValue(fw::kFieldQuoteTime), 86400.0);
 }
 
 }  // namespace ws

@@ -7,7 +7,14 @@
 
 namespace ws {
 
-using TWorkstationTest = TServiceFixture;
+class TWorkstationTest : public TServiceFixture {
+protected:
+    // Asks for a symbol's data and lets them come.
+    void Watch(const std::string& Symbol) {
+        Station->Subscriptions().Request(Symbol);
+        Station->Pump();
+    }
+};
 
 TEST_F(TWorkstationTest, InstallsEveryServiceForItsLifetime) {
     EXPECT_THROW(fw::TCustomMarketAdapter::GetInstance(), fw::EServiceMissing);
@@ -126,6 +133,9 @@ TEST_F(TWorkstationTest, SymbolsAreConvertedToTheExchangesForm) {
     EXPECT_EQ(Editors.GetConvertSymbol(Stock), Stock);
     EXPECT_EQ(Editors.GetConvertSymbol("00016"), "00016");
     EXPECT_EQ(Editors.GetConvertSymbol("SPX   230217C04100000"), "SPX230217C04100000");
+    for (const char* Typed : {"EQX   261218C00450000", "eqx 261218 c 450", "EQX261218C00450000"})
+        EXPECT_EQ(Editors.GetConvertSymbol(Typed), "EQX261218C00450000") << Typed;
+    EXPECT_TRUE(Station->Market().FindProduct("EQX261218C00450000"));
 }
 
 // A damaged layout text named one column more often than the grid has columns, and the reader ran past the last one.
@@ -295,6 +305,63 @@ TEST_F(TWorkstationTest, APriceStepTableThatIsNoneIsNamedAndLeftOut) {
     EXPECT_EQ(Market.GetSpreadTable("GOOD")->StepUp(3, Upper, Lower), 0.5);
     EXPECT_EQ(Upper, 10.0);
     EXPECT_EQ(Lower, 0.0);
+}
+
+TEST_F(TWorkstationTest, ARefusedPriceStepTableIsToldWithFileAndLine) {
+    auto Edited = Options();
+    Edited.SampleFolder = Folder / "sample";
+    std::filesystem::copy(VENTIQ_SAMPLE_FOLDER, Edited.SampleFolder);
+    std::ofstream(Edited.SampleFolder / "price-steps.csv", std::ios::app) << "FX5,1,0,1\n";
+    Station = std::make_unique<TWorkstation>(Edited);
+    ASSERT_EQ(Station->Notices().size(), 1u);
+    const auto& Notice = Station->Notices()[0];
+    EXPECT_TRUE(Notice.Warning);
+    const fw::Text Said = Station->Language().Resource(Notice.Key, Notice.Args);
+    EXPECT_TRUE(Said.starts_with("price-steps.csv, line " + Notice.Args[1] + ": ")) << Said;
+    EXPECT_NE(Said.find("FX5"), fw::Text::npos);
+    auto* Product = Station->Market().GetProductBySymbol("EURZ26");
+    ASSERT_TRUE(Product) << "listed all the same";
+    EXPECT_EQ(Product->GetSpreadCode(), "FX5");
+    EXPECT_EQ(Station->Market().GetSpreadTable("FX5"), nullptr);
+    EXPECT_TRUE(Station->Market().GetSpreadTable("FX4"));
+    EXPECT_TRUE(Logged.empty());
+}
+
+// The sample's contracts that a view meets in another way than most.
+TEST_F(TWorkstationTest, WhatTheMarketDataSayOnTheirOwn) {
+    Open();
+    auto& Market = Station->Market();
+    for (const char* Symbol : {"HSI31200L6", "HSICASH", "GDUZ6", "00019", "DHSZ6", "OILF27"}) Watch(Symbol);
+    EXPECT_EQ(Market.GetProductBySymbol("HSI31200L6"), nullptr) << "quoted, but not in the contract list";
+    for (int i = 0; i < Market.GetProductCount("HKFE", "HSI"); ++i)
+        EXPECT_NE(Market.GetProduct("HKFE", "HSI", i)->GetSymbol(), "HSI31200L6");
+    EXPECT_TRUE(Market.FindProduct("HSI31200L6"));
+    const struct {
+        const char* Symbol;
+        int Field;
+        const char* Expected;
+    } Cases[] = {
+        {"HSI31200L6", fw::kFieldExchange, "HKFE"},
+        {"HSI31200L6", fw::kFieldSeries, "HSI"},
+        {"HSI31200L6", fw::kFieldExpiry, "2026/12/30"},
+        {"HSI31200L6", fw::kFieldProductType, "3"},
+        {"HSI31200L6", fw::kFieldStrike, "31200"},
+        {"HSI31200L6", fw::kFieldLotSize, "5"},
+        {"HSI31200L6", fw::kFieldSpreadCode, "INDEX"},
+        {"HSICASH", fw::kFieldExpiry, "none"},
+        {"GDUZ6", fw::kFieldSpreadCode, "GOLD"},
+        {"GDUZ6", fw::kFieldLotSize, "0"},
+        {"00019", fw::kFieldSpreadCode, "STOCK"},
+        {"DHSZ6", fw::kFieldSpreadCode, "DIVIDEND"},
+        {"OILF27", fw::kFieldLotSize, ""},
+    };
+    for (const auto& C : Cases) EXPECT_EQ(Item(C.Symbol).GetFieldText(C.Field), C.Expected) << C.Symbol;
+    ASSERT_TRUE(Market.GetProductBySymbol("GDUZ6"));
+    EXPECT_EQ(Market.GetProductBySymbol("GDUZ6")->GetSpreadCode(), "") << "field 73 alone names it";
+    EXPECT_EQ(Item("00019").GetState(), fw::kItemReady);
+    EXPECT_FALSE(Item("00019").HasField(fw::kFieldReferencePrice));
+    EXPECT_EQ(Market.GetSpreadTable("DIVIDEND")->GetKind(), 2);
+    EXPECT_EQ(Market.GetSpreadTable("DIVIDEND")->SnapPrice(1.003, 1), 1.003);
 }
 
 TEST_F(TWorkstationTest, OrderOptionsComeByExchange) {

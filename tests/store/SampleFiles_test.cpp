@@ -5,6 +5,7 @@
 #include "tests/store/StoreFixture.h"
 #include "workstation/store/SampleLine.h"
 #include "workstation/store/SampleMarket.h"
+#include "workstation/store/SamplePriceSteps.h"
 
 namespace ws::test {
 namespace {
@@ -101,8 +102,7 @@ const TBadLine kBadLines[] = {
     {"holidays.csv", "G,01/01,x", kLineUnknownCode, {"Exchange", "G"}},
     {"holidays.csv", "E,2026-01-01,x", kLineBadDate, {"Day", "2026-01-01"}},
     {"order-options.csv", "E,Open", kLineTwice, {"E Open"}},
-    {"price-steps.csv", "T,1,5,0", kLineOutOfRange, {"Step", "0"}},
-    {"price-steps.csv", "T,1,five,1", kLineNotNumber, {"From", "five"}},
+    {"price-steps.csv", ",1,0,1", kLineEmpty, {"Code"}},
     {"series.csv", "E,R,a,b,c,QQQ,100,0.2,2", kLineUnknownCode, {"Currency", "QQQ"}},
     {"series.csv", "E,R,a,b,c,HKD,,0.2,2", kLineEmpty, {"UnderlyingLast"}},
     {"series.csv", "E,R,a,b,c,HKD,inf,0.2,2", kLineNotNumber, {"UnderlyingLast", "inf"}},
@@ -159,6 +159,55 @@ TEST(SampleFiles, EveryBadLineIsNamedAndLeftOut) {
         EXPECT_EQ(Problem.Args, Bad.Args);
         EXPECT_EQ(Sample.Expand(0).BaseSymbols.size(), Contracts);
     }
+}
+
+struct TRefusedTable {
+    const char* Why;
+    const char* Lines;  // after "T,1,0,1", which stands on line 2
+    std::vector<TLineProblem> Problems;
+};
+
+TEST(SampleFiles, APriceStepTableIsUsedWholeOrNotAtAll) {
+    const std::string File = "price-steps.csv";
+    const TRefusedTable Cases[] = {
+        {"the same edge twice", "T,1,0,2\n", {{File, 3, kLineStepsOverlap, {"T", "0"}}}},
+        {"descending", "T,1,10,2\nT,1,5,1\n", {{File, 4, kLineStepsOverlap, {"T", "5"}}}},
+        {"two kinds", "T,2,10,1\n", {{File, 3, kLineStepsKinds, {"T"}}}},
+        {"no band", "T,1,,\n", {{File, 3, kLineStepsNone, {"T"}}}},
+        {"half a band", "T,1,5,\n", {{File, 3, kLineEmpty, {"Step"}}, {File, 3, kLineStepsDropped, {"T"}}}},
+        {"a step of 0", "T,1,5,0\n", {{File, 3, kLineOutOfRange, {"Step", "0"}}, {File, 3, kLineStepsDropped, {"T"}}}},
+        {"no number", "T,1,x,1\n", {{File, 3, kLineNotNumber, {"From", "x"}}, {File, 3, kLineStepsDropped, {"T"}}}},
+        {"told once", "T,1,0,2\nT,1,0,3\nT,1,x,4\n", {{File, 3, kLineStepsOverlap, {"T", "0"}}}},
+    };
+    for (const auto& Case : Cases) {
+        SCOPED_TRACE(Case.Why);
+        TFiles Files = SmallSample();
+        Files[File] += std::string(Case.Lines) + "GOOD,1,0,1\nGOOD,1,10,5\n";
+        Files["futures.csv"] += "E,S,2,,GOOD,50,,\n";
+        const TSampleMarket Sample = Load(Files);
+        ASSERT_EQ(Sample.Problems().size(), Case.Problems.size());
+        for (std::size_t i = 0; i < Case.Problems.size(); ++i) {
+            EXPECT_EQ(Sample.Problems()[i].File, File);
+            EXPECT_EQ(Sample.Problems()[i].Line, Case.Problems[i].Line);
+            EXPECT_EQ(Sample.Problems()[i].Key, Case.Problems[i].Key);
+            EXPECT_EQ(Sample.Problems()[i].Args, Case.Problems[i].Args);
+        }
+        const TMarketSet Market = Sample.Expand(0).Market;
+        EXPECT_EQ(Market.Products.size(), 10u) << "the contracts of the refused table are listed, without one";
+        ASSERT_EQ(Market.SpreadBands.size(), 2u);
+        EXPECT_EQ(Market.SpreadBands[0].Code, "GOOD");
+        EXPECT_EQ(Market.SpreadBands[1].Step, 5.0);
+    }
+}
+
+TEST(SampleFiles, ATableThatStandsNowhereElseMayHaveNoBandsToo) {
+    TFiles Files = SmallSample();
+    Files["price-steps.csv"] += "EMPTY,1,,\n";
+    Files["futures.csv"] += "E,S,2,0,EMPTY,50,,\n";
+    const TSampleMarket Sample = Load(Files);
+    ASSERT_EQ(Sample.Problems().size(), 1u);
+    EXPECT_EQ(Sample.Problems()[0].Key, kLineStepsNone);
+    EXPECT_EQ(Sample.Expand(0).Market.Products.size(), 10u) << "a lot of 0 is a lot";
 }
 
 TEST(SampleFiles, EveryLineIsReportedNotOnlyTheFirst) {

@@ -113,7 +113,7 @@ TEST(SampleMarket, IndexContractsHaveTheirMultiplierAndStrikeStep) {
         }
         EXPECT_EQ(Smallest, Rule.Step);
         for (const auto& P : Base().Market.Products)
-            if (P.Exchange == "HKFE" && P.Series == Rule.Series) {
+            if (P.Exchange == "HKFE" && P.Series == Rule.Series && P.ProductType != 5) {
                 EXPECT_EQ(P.Multiplier, Rule.Multiplier);
             }
     }
@@ -181,6 +181,19 @@ TEST(SampleMarket, HoldsContractsOfEveryKind) {
         {"prices in fractions at a second exchange",
          [&](const auto& P) { return P.Exchange == "XDER" && SeriesOf(P).Decimals == 6; }},
         {"another currency", [](const auto& P) { return P.Currency == "USD"; }},
+        {"a lot of 0", [](const auto& P) { return P.LotSize == "0"; }},
+        {"price steps of another kind",
+         [&](const auto& P) {
+             return std::any_of(Market.SpreadBands.begin(), Market.SpreadBands.end(),
+                                [&](const auto& B) { return B.Code == P.SpreadCode && B.Kind != 1; });
+         }},
+        {"price steps in the market data only",
+         [](const auto& P) { return P.SpreadCode.empty() && P.Attributes.contains("Field73"); }},
+        {"known from its market data only", [](const auto& P) { return P.Attributes.contains("DataOnly"); }},
+        {"quoted without a price", [](const auto& P) { return P.Attributes.contains("Field3"); }},
+        {"an expiry that is no date",
+         [](const auto& P) { return P.Attributes.contains("Field29") && !DayFromText(P.Attributes.at("Field29")); }},
+        {"symbol of the clearing house", [](const auto& P) { return P.Symbol == "EQX261218C00450000"; }},
         {"exchange that is not offered", [](const auto& P) { return P.Exchange == "XOTC"; }},
     };
     for (const auto& Feature : Features)

@@ -70,7 +70,7 @@ TEST(SampleStore, FirstStartPutsTheSampleIntoTheStore) {
     EXPECT_EQ(Store->LoadMarket().Products.size(), TSampleMarket(kSample).Expand(0).BaseSymbols.size());
     EXPECT_EQ(Store->LoadTrading().Users.size(), 4u);
     EXPECT_EQ(Store->ReadMeta(kMetaSampleFirstExpiry), "2026/12/11");
-    EXPECT_EQ(Store->ReadMeta(kMetaSampleVersion), "1");
+    EXPECT_EQ(Store->ReadMeta(kMetaSampleVersion), "2");
     EXPECT_EQ(Store->CurrentSampleSymbol("HSIZ6"), "HSIZ6");
 }
 
@@ -265,6 +265,26 @@ TEST(SampleStore, BadLinesAreToldAndTheRestIsUsed) {
     ASSERT_EQ(Outcome.Notices.size(), 1u);
     EXPECT_EQ(Outcome.Notices[0].Key, "Res_LineNotNumber");
     EXPECT_EQ(Outcome.Notices[0].Args, (std::vector<std::string>{"positions.csv", "3", "Qty", "two"}));
+    EXPECT_TRUE(Outcome.Notices[0].Warning);
+}
+
+// Seen: the bands of the table as it was before the edit stayed in the store, and its contracts went on with them.
+TEST(SampleStore, AResetTakesATableOutThatIsRefusedNow) {
+    const auto Store = Filled("2026/11/21");
+    TEditedSample Edited;
+    Edited.Replace("price-steps.csv", "CENTOPT,1,3,0.05\n", "CENTOPT,1,0,0.05\n");
+    const auto Notices = ResetSampleMarket(*Store, Edited.Path(), "2026/11/21").Notices;
+    ASSERT_EQ(Notices.size(), 1u);
+    EXPECT_EQ(Notices[0].Key, "Res_LineStepsOverlap");
+    EXPECT_EQ(Notices[0].Args[0], "price-steps.csv");
+    EXPECT_EQ(Notices[0].Args[2], "CENTOPT");
+    EXPECT_TRUE(Notices[0].Warning);
+    const TMarketSet M = Store->LoadMarket();
+    EXPECT_TRUE(
+        std::none_of(M.SpreadBands.begin(), M.SpreadBands.end(), [](const auto& B) { return B.Code == "CENTOPT"; }));
+    EXPECT_TRUE(
+        std::any_of(M.SpreadBands.begin(), M.SpreadBands.end(), [](const auto& B) { return B.Code == "CENT"; }));
+    EXPECT_EQ(Store->FindProduct("OIL2612C71")->SpreadCode, "CENTOPT");
 }
 
 TEST(SampleStore, ResetFollowsEditedFiles) {

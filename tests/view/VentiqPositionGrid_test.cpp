@@ -346,6 +346,7 @@ class SymbolPopup : public PositionGrid {
 protected:
     TPopupControl Popup;
     TDataEvent Selected;
+    std::function<TSelectedMarket()> MarketNow;
     TObject* Asker = nullptr;
     int Requests = 0;
     std::vector<Text> Chosen;
@@ -356,6 +357,7 @@ protected:
             ++Requests;
             Asker = Request.Owner;
             Selected = Request.OnSelected;
+            MarketNow = Request.OnGetMarket;
             Request.Control = &Popup;
         });
     }
@@ -403,6 +405,28 @@ TEST_F(SymbolPopup, AChoiceAfterTheGridIsGoneReachesNobody) {
     TChosen Data("HSIC100");
     Selected(nullptr, &Data);
     EXPECT_TRUE(Chosen.empty());
+}
+
+TEST_F(SymbolPopup, AsksTheViewForTheMarketThatIsChosenNow) {
+    Listen();
+    {
+        TVentiqForm OtherForm;
+        TVentiqContext OtherContext;
+        TVentiqPositionGrid Other{OtherForm, OtherContext, Texts, Flags};
+        Other.InitializeGrid();
+        EXPECT_FALSE(MarketNow().IsChosen()) << "no data control yet";
+        OtherContext.FMyDataControl = std::make_unique<TCustomVentiqDataControl>(nullptr);
+        EXPECT_FALSE(MarketNow().IsChosen());
+        OtherContext.FMyDataControl->SetExchange("HKFE");
+        OtherContext.FMyDataControl->SetSeries("HSI");
+        OtherContext.FMyDataControl->SetMonth("2026-12");
+        EXPECT_EQ(MarketNow(), (TSelectedMarket{"HKFE", "HSI", "2026-12"}));
+        OtherContext.FMyDataControl->SetMonth("2027-01");
+        EXPECT_EQ(MarketNow().Month, "2027-01");
+        OtherContext.FMyDataControl.reset();
+        EXPECT_EQ(MarketNow(), TSelectedMarket());
+    }
+    EXPECT_EQ(MarketNow(), TSelectedMarket()) << "the grid is gone";
 }
 
 }  // namespace

@@ -186,6 +186,18 @@ TEST_F(TSymbolEntry, AnEmptiedSymbolMarksItsRow) {
     }
 }
 
+// Seen: the host drops more blanks than the view, and a symbol of no characters was accepted, subscribed to and given a
+// row below it. What the host leaves nothing of counts as emptied now.
+TEST_F(TSymbolEntry, ATextOfWhichTheHostLeavesNothingIsAnEmptySymbol) {
+    Host.Editors.Convert = [](const Text&) { return Text(); };
+    Grid.SetRecordCount(3);
+    EXPECT_EQ(Type(1, "\xE3\x80\x80"), Variant(""));
+    EXPECT_EQ(Grid.FPendingDeleteRecordIndex, 1);
+    Type(2, "\xE3\x80\x80");
+    EXPECT_EQ(Grid.GetRecordCount(), 3);
+    EXPECT_EQ(Host.Subscriptions.SubscribeCount, 0);
+}
+
 TEST_F(TSymbolEntry, ASymbolInTheMarkedRowTakesTheMarkBack) {
     Ready("HSIC100", 100, "C", 1);
     Ready("HSIC110", 110, "C", 1);

@@ -47,6 +47,16 @@ std::string MarketDayText(std::chrono::sys_days Day) {
     return Buffer.data();
 }
 
+std::optional<std::chrono::system_clock::time_point> MarketTimeOf(std::string_view Text, int OffsetMinutes) {
+    if (Text.size() != 19 || Text[10] != ' ' || Text[13] != ':' || Text[16] != ':') return std::nullopt;
+    const auto Day = MarketDayOf(Text.substr(0, 10));
+    const std::string_view H = Text.substr(11, 2), M = Text.substr(14, 2), S = Text.substr(17, 2);
+    if (!Day || !AllDigits(H) || !AllDigits(M) || !AllDigits(S)) return std::nullopt;
+    if (NumberOf(H) > 23 || NumberOf(M) > 59 || NumberOf(S) > 59) return std::nullopt;
+    return *Day + std::chrono::hours{NumberOf(H)} + std::chrono::minutes{NumberOf(M) - OffsetMinutes} +
+           std::chrono::seconds{NumberOf(S)};
+}
+
 std::chrono::sys_days MarketDayAt(std::chrono::system_clock::time_point Utc, int OffsetMinutes) {
     return std::chrono::floor<std::chrono::days>(Utc + std::chrono::minutes{OffsetMinutes});
 }

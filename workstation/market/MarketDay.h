@@ -18,6 +18,9 @@ std::string MarketDayText(std::chrono::sys_days Day);  // "2023/02/17"
 // "2023/02/17 09:30:00": the wall clock OffsetMinutes east of UTC, whole seconds.
 std::string MarketTimeText(std::chrono::system_clock::time_point Utc, int OffsetMinutes);
 
+// The moment at which that wall clock shows the text; nothing for any other form.
+std::optional<std::chrono::system_clock::time_point> MarketTimeOf(std::string_view Text, int OffsetMinutes);
+
 // The calendar day at that place.
 std::chrono::sys_days MarketDayAt(std::chrono::system_clock::time_point Utc, int OffsetMinutes);
 

@@ -39,6 +39,12 @@ struct TSeriesRow {
     int SortIndex = 0;
 };
 
+// Attributes of products that the workstation itself reads.
+inline constexpr char kAttributeShortCode[] = "ShortCode";  // a numeric code that stands for the contract when typed
+inline constexpr char kAttributeDataOnly[] = "DataOnly";    // "1": quoted, but no view finds a contract of that symbol
+inline constexpr char kAttributeField[] = "Field";          // "Field73": what the market data state in that field,
+                                                            // whatever the contract says; empty: nothing
+
 struct TProductRow {
     std::string Symbol;  // exchange symbol form, unique over all exchanges
     std::string Exchange, Series;

@@ -2,13 +2,13 @@
 #include "workstation/market/QuoteWalk.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 #include <string_view>
 
 #include "framework/base/Numbers.h"
 #include "workstation/market/BlackModel.h"
+#include "workstation/market/CallPut.h"
 #include "workstation/market/MarketDay.h"
 
 namespace ws {
@@ -21,21 +21,6 @@ constexpr double kSecondsPerYear = 252 * 6.5 * 3600;
 constexpr double kDaysPerYear = 365.0;
 constexpr double kHalfDay = 0.5;             // what is left on the day of expiry
 constexpr double kOptionHalfSpread = 0.005;  // of the value, at least half a step
-
-constexpr std::array kCallCodes{1, 6, 10, 12, 20, 22, 24, 62, 64};
-constexpr std::array kPutCodes{2, 7, 11, 13, 21, 23, 25, 63, 65};
-
-template <class TCodes>
-bool IsOneOf(const TCodes& Codes, std::optional<int32_t> Code) {
-    return Code && std::find(Codes.begin(), Codes.end(), *Code) != Codes.end();
-}
-
-bool IsCall(const std::string& Code) {
-    return Code.starts_with('C') || Code.starts_with('c') || IsOneOf(kCallCodes, fw::TextToInt(Code));
-}
-bool IsPut(const std::string& Code) {
-    return Code.starts_with('P') || Code.starts_with('p') || IsOneOf(kPutCodes, fw::TextToInt(Code));
-}
 
 // FNV-1a: the same on every machine.
 std::uint64_t HashOf(std::string_view S) {
@@ -138,9 +123,10 @@ void TQuoteWalk::Prepare(TContract& Contract, const TProductRow& Product) const 
         return;
     }
     const std::optional<double> Strike = fw::TextToFloat(Product.StrikePrice);
-    if (!Strike || (!IsCall(Product.CallPutCode) && !IsPut(Product.CallPutCode))) return;
+    const auto Right = CallOrPut(Product.CallPutCode);
+    if (!Strike || !Right) return;
     Contract.Strike = *Strike;
-    Contract.Pricing = IsCall(Product.CallPutCode) ? EPricing::Call : EPricing::Put;
+    Contract.Pricing = *Right == ECallPut::Call ? EPricing::Call : EPricing::Put;
 }
 
 std::chrono::sys_days TQuoteWalk::DayAt(const TExchangeRow& Exchange) const {

@@ -106,8 +106,10 @@ std::string ConvertSymbolForm(std::string_view Typed) {
 
 TSymbolConverter::TSymbolConverter(const std::vector<TProductRow>& Products) {
     for (const TProductRow& Product : Products) {
-        const auto Code = Product.Attributes.find("ShortCode");
-        if (Code != Product.Attributes.end()) FByShortCode.emplace(ConvertSymbolForm(Code->second), Product.Symbol);
+        const auto Code = Product.Attributes.find(kAttributeShortCode);
+        // A symbol that is not in the exchange's form itself would be converted once more.
+        if (Code != Product.Attributes.end() && ConvertSymbolForm(Product.Symbol) == Product.Symbol)
+            FByShortCode.emplace(ConvertSymbolForm(Code->second), Product.Symbol);
     }
     // Whatever the data say: a short code that is a symbol must not lead away from it.
     for (const TProductRow& Product : Products) FByShortCode.erase(Product.Symbol);

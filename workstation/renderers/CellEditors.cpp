@@ -2,14 +2,18 @@
 #include "workstation/renderers/CellEditors.h"
 
 #include <array>
+#include <utility>
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include "workstation/renderers/ButtonLine.h"
 #include "workstation/renderers/CellPopup.h"
+#include "workstation/renderers/GridModel.h"
 #include "workstation/renderers/QtText.h"
 
 namespace ws {
@@ -18,14 +22,20 @@ namespace {
 
 struct TLeaveKey {
     int Key;
+    Qt::KeyboardModifiers Modifiers;
     ELeave Way;
-    bool UpDown;
+    bool UpDown = false;
 };
-constexpr std::array kLeaveKeys{
-    TLeaveKey{Qt::Key_Return, ELeave::Post, false},      TLeaveKey{Qt::Key_Enter, ELeave::Post, false},
-    TLeaveKey{Qt::Key_Escape, ELeave::Cancel, false},    TLeaveKey{Qt::Key_Tab, ELeave::Next, false},
-    TLeaveKey{Qt::Key_Backtab, ELeave::Previous, false}, TLeaveKey{Qt::Key_Up, ELeave::Up, true},
-    TLeaveKey{Qt::Key_Down, ELeave::Down, true}};
+constexpr std::array kLeaveKeys{TLeaveKey{Qt::Key_Return, Qt::NoModifier, ELeave::Down},
+                                TLeaveKey{Qt::Key_Enter, Qt::NoModifier, ELeave::Down},
+                                TLeaveKey{Qt::Key_Escape, Qt::NoModifier, ELeave::Cancel},
+                                TLeaveKey{Qt::Key_Tab, Qt::NoModifier, ELeave::Next},
+                                TLeaveKey{Qt::Key_Backtab, Qt::NoModifier, ELeave::Previous},
+                                TLeaveKey{Qt::Key_Backtab, Qt::ShiftModifier, ELeave::Previous},
+                                TLeaveKey{Qt::Key_Insert, Qt::NoModifier, ELeave::InputRow},
+                                TLeaveKey{Qt::Key_D, Qt::ControlModifier, ELeave::FillDown},
+                                TLeaveKey{Qt::Key_Up, Qt::NoModifier, ELeave::Up, true},
+                                TLeaveKey{Qt::Key_Down, Qt::NoModifier, ELeave::Down, true}};
 
 struct TKeyCode {
     int Key;
@@ -38,7 +48,9 @@ constexpr std::array kKeyCodes{
     TKeyCode{Qt::Key_Enter, 13},      TKeyCode{Qt::Key_Shift, 16},          TKeyCode{Qt::Key_Control, 17},
     TKeyCode{Qt::Key_Escape, 27},     TKeyCode{Qt::Key_PageUp, 33},         TKeyCode{Qt::Key_PageDown, 34},
     TKeyCode{Qt::Key_End, 35},        TKeyCode{Qt::Key_Home, 36},           TKeyCode{Qt::Key_Left, 37},
-    TKeyCode{Qt::Key_Right, 39},      TKeyCode{Qt::Key_Delete, 46}};
+    TKeyCode{Qt::Key_Right, 39},      TKeyCode{Qt::Key_Insert, 45},         TKeyCode{Qt::Key_Delete, kCodeDelete}};
+
+constexpr int kPageSteps = 10;
 
 int CodeOf(const QKeyEvent& Event) {
     for (const TKeyCode& K : kKeyCodes)
@@ -50,7 +62,7 @@ int CodeOf(const QKeyEvent& Event) {
 class TLineCellEditor : public TButtonLine, public TCellEditorWidget {
 public:
     TLineCellEditor(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent, ELineButtons Buttons)
-        : TButtonLine(Parent, Buttons), TCellEditorWidget(View), FPopup(View, Context, *this) {
+        : TButtonLine(Parent, Buttons), TCellEditorWidget(View), FContext(Context), FPopup(View, Context, *this) {
         setAutoFillBackground(true);
         setBackgroundRole(QPalette::Base);
         Line().setFrame(false);
@@ -88,9 +100,33 @@ public:
     }
 
     void TypeFirst(QKeyEvent* Event) override {
-        if (auto* E = Editor()) E->KeyDown(CodeOf(*Event), static_cast<int>(Event->modifiers() != 0));
+        TellKey(*Event);
         Line().setText(Event->text());
         OnTyped(Event->text());
+    }
+
+    void ShowReason(const QString& Reason) override {
+        const auto* Popup = Editor() ? dynamic_cast<fw::TcxPopupEditProperties*>(Editor()->GetProperties()) : nullptr;
+        Line().setToolTip(Reason);
+        QPalette Colors = palette();
+        if (!Reason.isEmpty()) {
+            const QColor Ink = ReadableOn(Colors.color(QPalette::Base), FContext.Color("coError"));
+            Colors.setColor(QPalette::Text, Ink);
+        }
+        Line().setPalette(Colors);
+        delete std::exchange(FErrorIcon, nullptr);
+        if (Popup && Popup->ShowErrorIcon && !Reason.isEmpty())
+            FErrorIcon =
+                Line().addAction(style()->standardIcon(QStyle::SP_MessageBoxCritical), QLineEdit::LeadingPosition);
+    }
+
+protected:
+    // An input method writes without a key press of its own.
+    bool eventFilter(QObject* Watched, QEvent* Event) override {
+        if (Watched == &Line() && Event->type() == QEvent::InputMethod && Editor() &&
+            !static_cast<QInputMethodEvent*>(Event)->commitString().isEmpty())
+            Editor()->KeyDown(kCodeComposed);
+        return TButtonLine::eventFilter(Watched, Event);
     }
 
 private:
@@ -100,8 +136,13 @@ private:
         return E.GetProperties() ? E.GetProperties()->Alignment : fw::EAlignment::Left;
     }
 
-    // A spin editor's model spins by itself when it is told of Up and Down.
+    // A spin editor's model spins by itself when it is told of Up and Down; a page is as many of them.
     bool KeyPressed(QKeyEvent* Event) {
+        if (FSpins && (Event->key() == Qt::Key_PageUp || Event->key() == Qt::Key_PageDown)) {
+            for (int i = 0; i < kPageSteps && Editor(); ++i)
+                Editor()->KeyDown(Event->key() == Qt::Key_PageUp ? fw::kKeyUp : fw::kKeyDown);
+            return true;
+        }
         if (HandleKey(Event, !FSpins)) return true;
         if ((Event->key() == Qt::Key_F4 || (Event->key() == Qt::Key_Down && Event->modifiers() & Qt::AltModifier)) &&
             OpenButton()) {
@@ -111,7 +152,9 @@ private:
         return FSpins && (Event->key() == Qt::Key_Up || Event->key() == Qt::Key_Down);
     }
 
+    TRenderContext& FContext;
     TCellPopup FPopup;
+    QAction* FErrorIcon = nullptr;
     bool FSpins = false;
 };
 
@@ -153,13 +196,17 @@ public:
     }
 
     void Open() override { showPopup(); }
-    void TypeFirst(QKeyEvent* Event) override { QComboBox::keyPressEvent(Event); }
+    void TypeFirst(QKeyEvent* Event) override {
+        TellKey(*Event);
+        QComboBox::keyPressEvent(Event);
+    }
 
 protected:
     bool event(QEvent* Event) override {
         if (Event->type() == QEvent::KeyPress) {
             auto* Key = static_cast<QKeyEvent*>(Event);
             if (HandleKey(Key, false)) return true;
+            if (Key->key() == Qt::Key_Delete) return OnLeave(ELeave::Empty), true;
         }
         return QComboBox::event(Event);
     }
@@ -172,11 +219,16 @@ TCellEditorWidget::~TCellEditorWidget() = default;
 
 void TCellEditorWidget::Step(int) {}
 
+void TCellEditorWidget::TellKey(const QKeyEvent& Event) {
+    if (auto* E = Editor()) E->KeyDown(CodeOf(Event), static_cast<int>(Event.modifiers() != 0));
+}
+
 bool TCellEditorWidget::HandleKey(QKeyEvent* Event, bool WithUpDown) {
-    if (auto* E = Editor()) E->KeyDown(CodeOf(*Event), static_cast<int>(Event->modifiers() != 0));
+    TellKey(*Event);
     if (!Editor()) return true;
+    const auto Modifiers = Event->modifiers() & ~Qt::KeypadModifier;
     for (const TLeaveKey& K : kLeaveKeys) {
-        if (K.Key != Event->key() || (K.UpDown && (!WithUpDown || Event->modifiers() != Qt::NoModifier))) continue;
+        if (K.Key != Event->key() || K.Modifiers != Modifiers || (K.UpDown && !WithUpDown)) continue;
         if (OnLeave) OnLeave(K.Way);
         return true;
     }

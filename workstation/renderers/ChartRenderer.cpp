@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "framework/base/Dispatch.h"
-#include "framework/base/Numbers.h"
+#include "framework/base/NumberFormat.h"
 #include "workstation/renderers/QtText.h"
 
 namespace ws {
@@ -79,7 +79,7 @@ protected:
     QString getTickLabel(double Tick, const QLocale&, QChar, int) override {
         const int Decimals =
             LastStep > 0 ? std::clamp(static_cast<int>(1 - std::floor(std::log10(LastStep))), 0, 8) : 2;
-        return ToQt(fw::FloatToText(Tick, Decimals, true));
+        return ToQt(fw::FormatNumber(Tick, Decimals, true));
     }
 };
 
@@ -244,6 +244,7 @@ TChartRenderer::TChartRenderer(fw::TChart& Model, TRenderContext& Context, QWidg
         DrawLater();
     });
     FLinks += Context.OnSkinChanged.Connect([this] { DrawLater(); });
+    FLinks += fw::NumberFormatChanged().Connect([this] { DrawLater(); });
 }
 
 TChartRenderer::~TChartRenderer() {

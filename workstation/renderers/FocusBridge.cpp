@@ -37,9 +37,14 @@ bool TFocusBridge::StaysInForm(const QWidget* Now) const {
 }
 
 bool TFocusBridge::eventFilter(QObject* Watched, QEvent* Event) {
-    if (Event->type() == QEvent::FocusIn && FModel && !FModel->HasFocus()) {
+    const auto Type = Event->type();
+    if (Type == QEvent::FocusIn && FModel && !FModel->HasFocus()) {
         fw::Dispatch("FocusIn", [this] { FModel->SetFocus(); });
-    } else if (Event->type() == QEvent::FocusOut && FModel && FOnLeft) {
+        if (FModel && FModel->IsHeldElsewhere()) return true;  // the focus is back where it came from
+    } else if ((Type == QEvent::MouseButtonPress || Type == QEvent::MouseButtonDblClick) && FModel &&
+               FModel->IsHeldElsewhere()) {
+        return true;
+    } else if (Type == QEvent::FocusOut && FModel && FOnLeft) {
         const auto Reason = static_cast<QFocusEvent*>(Event)->reason();
         if (!IsPassing(Reason) && !StaysInForm(QApplication::focusWidget())) fw::Dispatch("FocusOut", FOnLeft);
     }

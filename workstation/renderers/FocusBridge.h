@@ -12,7 +12,8 @@
 namespace ws {
 
 // Keeps the toolkit's focus and a model's together: a widget that gets the focus gives it to the model, a model that a
-// program focuses gives it to the widget. Lives as a child of the widget.
+// program focuses gives it to the widget. While another control of the form keeps the focus, the widget gets neither
+// focus nor mouse. Lives as a child of the widget.
 class TFocusBridge : public QObject {
 public:
     // OnLeft: the focus left for something outside the form (another dock), where no other model takes it over. Menus,

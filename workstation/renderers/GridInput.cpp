@@ -3,11 +3,13 @@
 #include <array>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QToolTip>
 
 #include "framework/base/Dispatch.h"
+#include "framework/controls/GridNavigation.h"
 #include "workstation/renderers/GridRenderer.h"
 #include "workstation/renderers/QtText.h"
 
@@ -32,18 +34,40 @@ bool TGridRenderer::StartEdit(int Record, int Column) {
     if (!FView) return false;
     bool Opened = false;
     fw::Dispatch("StartEdit", [&] { Opened = FView->StartEdit(Record, Column) != nullptr; });
-    if (Opened || !FView) return Opened;
-    const fw::TGridColumn* Asked = FView->GetColumn(Column);
-    if (Asked && Asked->Editing && FContext.OnEditRefused) FContext.OnEditRefused(*FView.Get());
-    return false;
+    if (!Opened) TellRefused();
+    return Opened;
+}
+
+bool TGridRenderer::StartEdit() { return FView && StartEdit(FView->GetFocusedRecord(), FView->GetFocusedColumn()); }
+
+void TGridRenderer::OpenCell() { StartEdit(); }
+
+// An editor that refuses to be left says why; so does a cell that did not open, unless it never does.
+void TGridRenderer::TellRefused() {
+    if (!FView) return;
+    if (FView->GetEditor()) return ShowKept(true);
+    const fw::TGridColumn* Asked = FView->GetColumn(FView->GetFocusedColumn());
+    if (Asked && Asked->Editing && FView->IsEnabled() && FContext.OnEditRefused) FContext.OnEditRefused(*FView.Get());
+}
+
+void TGridRenderer::Enter(const TEntry& Entry) {
+    auto Result = fw::ECellEntry::Posted;
+    fw::Dispatch("Enter", [&] { Result = Entry(*FView.Get()); });
+    if (Result != fw::ECellEntry::Posted) TellRefused();
 }
 
 void TGridRenderer::mousePressEvent(QMouseEvent* Event) {
     FPressed = Event->button() == Qt::LeftButton ? indexAt(Event->position().toPoint()) : QModelIndex();
     setFocus(Qt::MouseFocusReason);
     if (!FView) return;
-    if (!FPressed.isValid()) return FView->PostEditor();
-    fw::Dispatch("SetFocusedCell", [this] { FView->SetFocusedCell(FPressed.row(), FPressed.column()); });
+    fw::Dispatch("mouse press", [this] {
+        if (FPressed.isValid())
+            FView->SetFocusedCell(FPressed.row(), FPressed.column());
+        else
+            FView->PostEditor();
+    });
+    const fw::TCellEditor* Editor = FView ? FView->GetEditor() : nullptr;
+    if (Editor && FModel->index(Editor->GetRecord(), Editor->GetColumn().GetIndex()) != FPressed) ShowKept(true);
 }
 
 void TGridRenderer::mouseMoveEvent(QMouseEvent* Event) { Event->accept(); }
@@ -68,96 +92,105 @@ void TGridRenderer::mouseReleaseEvent(QMouseEvent* Event) {
 
 void TGridRenderer::mouseDoubleClickEvent(QMouseEvent* Event) { mousePressEvent(Event); }
 
-// Moves over visible cells, stopping at the edges. False when the focus stays where it was.
-bool TGridRenderer::MoveFocus(int Records, int Columns) {
-    if (!FView || FModel->rowCount() == 0) return false;
-    const int Record = std::clamp(FView->GetFocusedRecord() + Records, 0, FModel->rowCount() - 1);
-    int Column = std::max(0, FView->GetFocusedColumn());
-    const int Way = Columns < 0 ? -1 : 1;
-    for (int Left = std::abs(Columns), Next = Column + Way; Left > 0 && Next >= 0 && Next < FModel->columnCount();
-         Next += Way)
-        if (!isColumnHidden(Next) && FView->GetColumn(Next)->Focusing) Column = Next, --Left;
-    if (Record == FView->GetFocusedRecord() && Column == FView->GetFocusedColumn()) return false;
-    FView->SetFocusedCell(Record, Column);
-    return true;
-}
-
-// Tab walks over the cells of editable columns, row by row. False past the last one.
-bool TGridRenderer::MoveToEditable(bool Forward, bool Edit) {
-    if (!FView || FModel->columnCount() == 0) return false;
-    const int Columns = FModel->columnCount(), Way = Forward ? 1 : -1;
-    const int64_t Last = static_cast<int64_t>(FModel->rowCount()) * Columns;
-    const int Row = FView->GetFocusedRecord(), Column = FView->GetFocusedColumn();
-    int64_t Cell = Row < 0 ? (Forward ? -1 : Last) : static_cast<int64_t>(Row) * Columns + Column;
-    for (Cell += Way; Cell >= 0 && Cell < Last; Cell += Way) {
-        const int NextColumn = static_cast<int>(Cell % Columns), NextRow = static_cast<int>(Cell / Columns);
-        const fw::TGridColumn& Next = *FView->GetColumn(NextColumn);
-        if (isColumnHidden(NextColumn) || !Next.Editing || !Next.Focusing) continue;
-        FView->SetFocusedCell(NextRow, NextColumn);
-        if (Edit) StartEdit(NextRow, NextColumn);
-        return true;
-    }
-    return false;
-}
-
 // The open editor is left by a key.
 void TGridRenderer::Leave(ELeave Way) {
     if (!FView) return;
-    if (Way == ELeave::Cancel) return FView->CancelEdit();
-    FView->PostEditor();
-    if (!FView) return;
-    if (FView->GetEditor()) {  // refused: the editor says why and stays
-        const QRect Cell = CellRect(FView->GetEditor()->GetRecord(), FView->GetEditor()->GetColumn().GetIndex());
-        if (!FView->GetErrorText().empty())
-            QToolTip::showText(viewport()->mapToGlobal(Cell.bottomLeft()), ToQt(FView->GetErrorText()), this);
-        return;
+    switch (Way) {
+        case ELeave::Cancel: return FView->CancelEdit();
+        case ELeave::Empty: return Empty();
+        case ELeave::FillDown: return FillDown();
+        default: break;
     }
+    fw::Dispatch("PostEditor", [this] { FView->PostEditor(); });
+    if (!FView) return;
+    if (FView->GetEditor()) return ShowKept(true);
     const bool Forward = Way == ELeave::Next;
     if (Way == ELeave::Up || Way == ELeave::Down)
-        MoveFocus(Way == ELeave::Up ? -1 : 1, 0);
-    else if (Way != ELeave::Post && !MoveToEditable(Forward, true))
+        fw::MoveCell(*FView.Get(), Way == ELeave::Up ? -1 : 1, 0);
+    else if (Way == ELeave::InputRow)
+        fw::MoveToInputRow(*FView.Get());
+    else if (!fw::MoveToEditable(*FView.Get(), Forward))
         QWidget::focusNextPrevChild(Forward);
+    else
+        StartEdit();
 }
 
 bool TGridRenderer::focusNextPrevChild(bool Next) {
-    if (hasFocus() && MoveToEditable(Next, false)) return true;
+    if (hasFocus() && FView && fw::MoveToEditable(*FView.Get(), Next)) return true;
     return QWidget::focusNextPrevChild(Next);
 }
 
-// F2 and Enter open the focused cell, Delete empties it, a character opens it and stands in it.
-bool TGridRenderer::StartByKey(QKeyEvent* Event) {
-    const int Record = FView->GetFocusedRecord(), Column = FView->GetFocusedColumn();
-    if (Record < 0 || Column < 0) return false;
-    if (Event->key() == Qt::Key_F2 || Event->key() == Qt::Key_Return || Event->key() == Qt::Key_Enter) {
-        StartEdit(Record, Column);
-        return true;
-    }
-    if (Event->key() == Qt::Key_F4) {
-        if (StartEdit(Record, Column) && FEditor) FEditor->Open();
-        return true;
-    }
-    if (Event->key() == Qt::Key_Delete) {
-        if (!StartEdit(Record, Column)) return true;
-        if (FView->GetEditor()->IsCombo()) return FView->CancelEdit(), true;
-        FView->GetEditor()->SetEditText("");
-        if (FView) FView->PostEditor();
-        return true;
-    }
+void TGridRenderer::CopyRows() {
+    if (FView && FContext.OnCopyRows) FContext.OnCopyRows(*FView.Get(), 0, FModel->rowCount() - 1);
+}
+
+// One word goes into the focused cell as if it were typed; rows are whole entries.
+void TGridRenderer::PasteRows() {
+    if (!FView) return;
+    QString Text = QGuiApplication::clipboard()->text();
+    while (Text.endsWith(QLatin1Char('\n')) || Text.endsWith(QLatin1Char('\r'))) Text.chop(1);
+    if (Text.isEmpty()) return;
+    if (!Text.contains(QLatin1Char('\t')) && !Text.contains(QLatin1Char('\n')))
+        Enter([&](auto& View) { return fw::EnterText(View, FromQt(Text), 'V'); });
+    else if (FContext.OnPasteRows)
+        FContext.OnPasteRows(*FView.Get(), FromQt(Text));
+}
+
+void TGridRenderer::DropDown() {
+    if (StartEdit() && FEditor) FEditor->Open();
+}
+
+void TGridRenderer::Empty() {
+    Enter([](auto& View) { return fw::EmptyCell(View, kCodeDelete); });
+}
+
+void TGridRenderer::FillDown() {
+    Enter([](auto& View) { return fw::FillDown(View, 'D'); });
+}
+
+void TGridRenderer::GoToInputRow() { fw::MoveToInputRow(*FView.Get()); }
+
+// Keys of the table while no cell is open.
+bool TGridRenderer::RunKey(const QKeyEvent& Event) {
+    struct TAction {
+        int Key;
+        Qt::KeyboardModifier Modifier;
+        void (TGridRenderer::*Run)();
+    };
+    static constexpr std::array kActions{
+        TAction{Qt::Key_F2, Qt::NoModifier, &TGridRenderer::OpenCell},
+        TAction{Qt::Key_Return, Qt::NoModifier, &TGridRenderer::OpenCell},
+        TAction{Qt::Key_Enter, Qt::NoModifier, &TGridRenderer::OpenCell},
+        TAction{Qt::Key_F4, Qt::NoModifier, &TGridRenderer::DropDown},
+        TAction{Qt::Key_Down, Qt::AltModifier, &TGridRenderer::DropDown},
+        TAction{Qt::Key_Delete, Qt::NoModifier, &TGridRenderer::Empty},
+        TAction{Qt::Key_Insert, Qt::NoModifier, &TGridRenderer::GoToInputRow},
+        TAction{Qt::Key_D, Qt::ControlModifier, &TGridRenderer::FillDown},
+        TAction{Qt::Key_C, Qt::ControlModifier, &TGridRenderer::CopyRows},
+        TAction{Qt::Key_Insert, Qt::ControlModifier, &TGridRenderer::CopyRows},
+        TAction{Qt::Key_V, Qt::ControlModifier, &TGridRenderer::PasteRows},
+        TAction{Qt::Key_Insert, Qt::ShiftModifier, &TGridRenderer::PasteRows},
+    };
+    const auto Modifiers = Event.modifiers() & ~Qt::KeypadModifier;
+    for (const TAction& Action : kActions)
+        if (Action.Key == Event.key() && Modifiers == Action.Modifier) return (this->*Action.Run)(), true;
+    if (Modifiers != Qt::NoModifier) return false;
+    for (const TMoveKey& Key : kMoveKeys)
+        if (Key.Key == Event.key()) return fw::MoveCell(*FView.Get(), Key.Records, Key.Columns), true;
+    return false;
+}
+
+// A character opens the focused cell and stands in it.
+bool TGridRenderer::TypeKey(QKeyEvent* Event) {
     const QString Typed = Event->text();
     const bool Printable = !Typed.isEmpty() && Typed[0].isPrint();
     if (!Printable || Event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-    if (StartEdit(Record, Column) && FEditor) FEditor->TypeFirst(Event);
+    if (StartEdit() && FEditor) FEditor->TypeFirst(Event);
     return true;
 }
 
 void TGridRenderer::keyPressEvent(QKeyEvent* Event) {
-    if (!FView) return;
-    for (const TMoveKey& Key : kMoveKeys) {
-        if (Key.Key != Event->key()) continue;
-        MoveFocus(Key.Records, Key.Columns);
-        return Event->accept();
-    }
-    if (StartByKey(Event)) return Event->accept();
+    if (FView && (RunKey(*Event) || TypeKey(Event))) return Event->accept();
     Event->ignore();
 }
 

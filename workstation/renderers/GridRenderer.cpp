@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QPainter>
+#include <QToolTip>
 
 #include "framework/base/FlagGuard.h"
 #include "framework/data/ColumnIds.h"
@@ -147,6 +148,7 @@ void TGridRenderer::FollowEditor() {
     FEditor->OnLeave = [this](ELeave Way) { Leave(Way); };
     FEditorLink = Editor->OnChanged.Connect([this] {
         if (FEditor) FEditor->Reload();
+        ShowKept(false);
     });
     scrollTo(FModel->index(Editor->GetRecord(), Editor->GetColumn().GetIndex()));
     PlaceEditor();
@@ -158,6 +160,7 @@ void TGridRenderer::FollowEditor() {
 void TGridRenderer::DropEditor() {
     FEditorLink.Disconnect();
     FEdited = nullptr;
+    FKept.clear();
     TCellEditorWidget* Gone = std::exchange(FEditor, nullptr);
     if (!Gone) return;
     Gone->OnLeave = nullptr;
@@ -165,6 +168,21 @@ void TGridRenderer::DropEditor() {
     Gone->Widget()->hide();
     Gone->Widget()->deleteLater();
     viewport()->update();
+}
+
+// Why the open editor cannot be left stands at the cell and goes to the status bar; Again: though it stands there.
+void TGridRenderer::ShowKept(bool Again) {
+    const fw::TCellEditor* Editor = FView ? FView->GetEditor() : nullptr;
+    if (!FEditor || !Editor) return;
+    QString Reason = ToQt(FView->GetErrorText());
+    if (const auto Refusal = FView->GetRefusal()) Reason = FContext.Translate(Refusal->Key.c_str(), Refusal->Args);
+    if (Reason == FKept && !Again) return;
+    FKept = Reason;
+    FEditor->ShowReason(Reason);
+    if (Reason.isEmpty()) return QToolTip::hideText();
+    const QRect Cell = CellRect(Editor->GetRecord(), Editor->GetColumn().GetIndex());
+    QToolTip::showText(viewport()->mapToGlobal(Cell.bottomLeft()), Reason, FEditor->FocusWidget());
+    if (FContext.OnEditKept) FContext.OnEditKept(Reason);
 }
 
 void TGridRenderer::focusInEvent(QFocusEvent* Event) {

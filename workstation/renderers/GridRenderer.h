@@ -7,8 +7,9 @@
 #include <QTableView>
 #include <QTimer>
 
-#include "framework/controls/GridTableView.h"
+#include "framework/controls/GridNavigation.h"
 #include "workstation/renderers/CellEditors.h"
+#include "workstation/renderers/GridClipboard.h"
 #include "workstation/renderers/GridDelegates.h"
 #include "workstation/renderers/GridModel.h"
 #include "workstation/renderers/SymbolMarks.h"
@@ -19,7 +20,7 @@ class TFocusBridge;
 
 // An editable table. Cells come from the view, the view decides what is focused and edited; the toolkit's own editing
 // and selection are off.
-class TGridRenderer : public QTableView {
+class TGridRenderer : public QTableView, public TGridClipboard {
 public:
     TGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent);
     ~TGridRenderer() override;
@@ -29,6 +30,8 @@ public:
     QRect CellRect(int Record, int Column) const;                   // in the viewport
     std::vector<TCellButton> CellButtons(int Record, int Column) const;
     QAbstractItemDelegate* itemDelegateForIndex(const QModelIndex& Index) const override;
+    void CopyRows() override;   // every row
+    void PasteRows() override;  // one word is typed into the focused cell
 
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
@@ -52,11 +55,21 @@ private:
     void FollowEditor();
     void DropEditor();
     void PlaceEditor();
+    // Keys and what they do to the focused cell.
+    using TEntry = std::function<fw::ECellEntry(fw::TGridTableView& View)>;
+    bool RunKey(const QKeyEvent& Event);
+    bool TypeKey(QKeyEvent* Event);
     void Leave(ELeave Way);
     bool StartEdit(int Record, int Column);
-    bool MoveFocus(int Records, int Columns);
-    bool MoveToEditable(bool Forward, bool Edit);
-    bool StartByKey(QKeyEvent* Event);
+    bool StartEdit();
+    void OpenCell();
+    void DropDown();
+    void Empty();
+    void FillDown();
+    void GoToInputRow();
+    void Enter(const TEntry& Entry);
+    void TellRefused();
+    void ShowKept(bool Again);
     void LookAtMarks();
     void TakeUserWidths();
 
@@ -67,6 +80,7 @@ private:
     std::array<std::unique_ptr<TCellDelegate>, 4> FDelegates;  // by editor kind
     TCellEditorWidget* FEditor = nullptr;                      // its widget is a child of the viewport
     fw::TCellEditor* FEdited = nullptr;                        // whom FEditor shows; only compared
+    QString FKept;                                             // why the editor cannot be left, as last told
     fw::TConnection FEditorLink;
     fw::TConnections FLinks;
     QModelIndex FPressed;

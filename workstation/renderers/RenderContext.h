@@ -36,6 +36,12 @@ public:
 
     // The user tried to edit a cell of an editable column and the view refused.
     std::function<void(fw::TGridTableView& View)> OnEditRefused;
+    // The open editor of a cell refuses to be left, for the reason that stands at the cell.
+    std::function<void(const QString& Reason)> OnEditKept;
+    // Rows First to Last of a table are wanted on the clipboard; Last may be below First.
+    std::function<void(fw::TGridTableView& View, int First, int Last)> OnCopyRows;
+    // Lines of text are pasted into a table.
+    std::function<void(fw::TGridTableView& View, const fw::Text& Lines)> OnPasteRows;
     // The widget that shows the content of a popup editor; the caller places it and owns it. Null: there is none.
     std::function<QWidget*(fw::TPopupControl& Popup, QWidget* Parent)> MakePopupContent;
 

@@ -2,6 +2,7 @@
 #include "workstation/renderers/SpinEditRenderer.h"
 
 #include <QKeyEvent>
+#include <QToolTip>
 
 #include "workstation/renderers/FocusBridge.h"
 #include "workstation/renderers/QtText.h"
@@ -14,8 +15,8 @@ constexpr ushort kLastAscii = 0x7F;
 
 }  // namespace
 
-TSpinEditRenderer::TSpinEditRenderer(fw::TSpinEdit& Model, TRenderContext&, QWidget* Parent)
-    : TButtonLine(Parent, ELineButtons::SpinAround), FModel(Model) {
+TSpinEditRenderer::TSpinEditRenderer(fw::TSpinEdit& Model, TRenderContext& Context, QWidget* Parent)
+    : TButtonLine(Parent, ELineButtons::SpinAround), FModel(Model), FContext(Context) {
     setFocusPolicy(Qt::StrongFocus);
     auto* Bridge = new TFocusBridge(Model, *this, [this] {
         if (FModel) FModel->Exit();
@@ -31,6 +32,10 @@ TSpinEditRenderer::TSpinEditRenderer(fw::TSpinEdit& Model, TRenderContext&, QWid
     OnKey = [this](QKeyEvent* Event) { return KeyPressed(Event); };
     FLinks += Model.OnValueChanged.Connect([this] { Reload(); });
     FLinks += Model.OnModelChanged.Connect([this] { Reload(); });
+    FLinks += Context.OnSkinChanged.Connect([this] {
+        FTold.reset();
+        if (FModel) ShowRefusal();
+    });
     Reload();
 }
 
@@ -39,6 +44,25 @@ void TSpinEditRenderer::Reload() {
     ShowText(ToQt(FModel->GetText()));
     setEnabled(FModel->IsEnabled());
     setVisible(FModel->IsVisible());
+    ShowRefusal();
+}
+
+void TSpinEditRenderer::ShowRefusal() {
+    const auto Refusal = FModel->IsModified() ? FModel->GetRefusal() : std::nullopt;
+    if (Refusal == FTold) return;
+    FTold = Refusal;
+    QPalette Colors;
+    if (Refusal) Colors.setColor(QPalette::Text, FContext.Color("coError"));
+    Line().setPalette(Colors);
+    Line().setToolTip(Refusal ? FContext.Translate(Refusal->Key.c_str(), Refusal->Args) : QString());
+    if (!Refusal) return;
+    // Once the focus is back: a note does not outlive a change of focus.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isVisible()) QToolTip::showText(mapToGlobal(rect().bottomLeft()), Line().toolTip(), &Line());
+        },
+        Qt::QueuedConnection);
 }
 
 bool TSpinEditRenderer::KeyPressed(QKeyEvent* Event) {

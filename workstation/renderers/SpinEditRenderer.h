@@ -8,15 +8,19 @@
 
 namespace ws {
 
+// A text that is refused and stays is drawn as an error, with the reason at the field.
 class TSpinEditRenderer : public TButtonLine {
 public:
     TSpinEditRenderer(fw::TSpinEdit& Model, TRenderContext& Context, QWidget* Parent);
 
 private:
     void Reload();
+    void ShowRefusal();
     bool KeyPressed(QKeyEvent* Event);
 
     TModelRef<fw::TSpinEdit> FModel;
+    TRenderContext& FContext;
+    std::optional<fw::TRefusal> FTold;  // the refusal that was shown last
     fw::TConnections FLinks;
 };
 

@@ -4,12 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QHelpEvent>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
-#include <QToolTip>
 
 #include "framework/base/Dispatch.h"
 #include "framework/data/ColumnIds.h"
@@ -23,8 +20,6 @@ namespace ws {
 namespace {
 
 constexpr int kPadding = 4;
-constexpr int kWheelNotch = 120;
-constexpr int kRowsPerNotch = 3;
 
 // Above zero points up, below zero points down: the sign is seen without its colour.
 void DrawSign(QPainter& Painter, const QRect& Box, double Value, const QColor& Color) {
@@ -87,7 +82,7 @@ void TWindowedGridRenderer::UpdateScrollBar() {
 }
 
 void TWindowedGridRenderer::Reload() {
-    if (FCurrent >= GetRowCount()) FCurrent = -1;
+    if (GetLastSelected() >= GetRowCount()) FCurrent = FAnchor = -1;
     UpdateScrollBar();
     viewport()->update();
 }
@@ -98,13 +93,6 @@ void TWindowedGridRenderer::ScrollTo(int Row) {
         verticalScrollBar()->setValue(Row);
     else if (static_cast<int64_t>(Row) >= static_cast<int64_t>(GetTopRow()) + Rows)
         verticalScrollBar()->setValue(Row - Rows + 1);
-}
-
-void TWindowedGridRenderer::SetCurrent(int64_t Row) {
-    if (GetRowCount() == 0) return;
-    FCurrent = static_cast<int>(std::clamp<int64_t>(Row, 0, GetRowCount() - 1));
-    ScrollTo(FCurrent);
-    viewport()->update();
 }
 
 // --- painting
@@ -142,7 +130,7 @@ void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, co
     const fw::TGridColumn& Each = *FView->GetColumn(Column);
     QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
     QColor Ink = palette().color(QPalette::Text);
-    const QColor Background = Row == FCurrent ? FContext.Color("coAlternateBase") : palette().color(QPalette::Base);
+    const QColor Background = IsSelected(Row) ? FContext.Color("coSelectedRow") : palette().color(QPalette::Base);
     if (Each.Tag == fw::kColumnProfitLoss) {
         const double Value = fw::DispatchValue<double>(
             "GetValue", 0.0, [&] { return FView->GetDataController().GetValue(Row, Column).AsFloat(0.0); });
@@ -165,8 +153,8 @@ void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, co
 }
 
 void TWindowedGridRenderer::PaintRow(QPainter& Painter, int Row, int Y, const std::vector<int>& Widths) const {
-    if (Row == FCurrent)
-        Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coAlternateBase"));
+    if (IsSelected(Row))
+        Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coSelectedRow"));
     int X = 0;
     for (size_t i = 0; i < Widths.size(); ++i) {
         if (Widths[i] == 0) continue;
@@ -196,64 +184,6 @@ void TWindowedGridRenderer::paintEvent(QPaintEvent*) {
     int64_t Row = GetTopRow();
     for (int Y = HeaderHeight(); Y < viewport()->height() && Row < Count; Y += RowHeight(), ++Row)
         PaintRow(Painter, static_cast<int>(Row), Y, Widths);
-}
-
-// --- input
-
-int TWindowedGridRenderer::ColumnAt(int X) const {
-    const auto Widths = ColumnWidths(*FView.Get(), FContext, viewport()->width());
-    for (size_t i = 0; i < Widths.size(); ++i) {
-        if (X < Widths[i]) return static_cast<int>(i);
-        X -= Widths[i];
-    }
-    return -1;
-}
-
-bool TWindowedGridRenderer::viewportEvent(QEvent* Event) {
-    if (Event->type() != QEvent::ToolTip || !FView) return QAbstractScrollArea::viewportEvent(Event);
-    const auto* Help = static_cast<QHelpEvent*>(Event);
-    const int Row = RowAt(Help->pos().y()), Column = ColumnAt(Help->pos().x());
-    if (FView->Options.CellHints && Row >= 0 && Column >= 0)
-        QToolTip::showText(Help->globalPos(), CellText(Row, Column), viewport());
-    else
-        QToolTip::hideText();
-    return true;
-}
-
-void TWindowedGridRenderer::resizeEvent(QResizeEvent* Event) {
-    QAbstractScrollArea::resizeEvent(Event);
-    UpdateScrollBar();
-}
-
-void TWindowedGridRenderer::changeEvent(QEvent* Event) {
-    QAbstractScrollArea::changeEvent(Event);
-    if (Event->type() == QEvent::FontChange) Reload();
-}
-
-void TWindowedGridRenderer::keyPressEvent(QKeyEvent* Event) {
-    const int64_t Page = GetFullRows(), From = std::max(FCurrent, 0);
-    switch (Event->key()) {
-        case Qt::Key_Up: return SetCurrent(FCurrent < 0 ? GetTopRow() : From - 1);
-        case Qt::Key_Down: return SetCurrent(FCurrent < 0 ? GetTopRow() : From + 1);
-        case Qt::Key_PageUp: return SetCurrent(From - Page);
-        case Qt::Key_PageDown: return SetCurrent(From + Page);
-        case Qt::Key_Home: return SetCurrent(0);
-        case Qt::Key_End: return SetCurrent(static_cast<int64_t>(GetRowCount()) - 1);
-        default: QAbstractScrollArea::keyPressEvent(Event);
-    }
-}
-
-void TWindowedGridRenderer::wheelEvent(QWheelEvent* Event) {
-    FWheelRest += Event->angleDelta().y() * kRowsPerNotch;
-    const int Rows = FWheelRest / kWheelNotch;
-    FWheelRest -= Rows * kWheelNotch;
-    const int64_t Target = static_cast<int64_t>(GetTopRow()) - Rows;
-    verticalScrollBar()->setValue(static_cast<int>(std::clamp<int64_t>(Target, 0, verticalScrollBar()->maximum())));
-    Event->accept();
-}
-
-void TWindowedGridRenderer::mousePressEvent(QMouseEvent* Event) {
-    if (const int Row = RowAt(Event->position().toPoint().y()); Row >= 0) SetCurrent(Row);
 }
 
 }  // namespace ws

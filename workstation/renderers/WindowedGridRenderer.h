@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include <QAbstractScrollArea>
 
 #include "framework/controls/GridTableView.h"
+#include "workstation/renderers/GridClipboard.h"
 #include "workstation/renderers/ModelRef.h"
 #include "workstation/renderers/RenderContext.h"
 
 namespace ws {
 
 // A read-only table over a data control with any number of rows up to 2^31 - 1: only the visible rows are asked for,
-// and nothing is kept for the others. The scroll bar counts rows, not pixels.
-class TWindowedGridRenderer : public QAbstractScrollArea {
+// and nothing is kept for the others. The scroll bar counts rows, not pixels. The selected rows lie between the current
+// one and the one where selecting began.
+class TWindowedGridRenderer : public QAbstractScrollArea, public TGridClipboard {
 public:
     TWindowedGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent);
 
@@ -22,6 +25,10 @@ public:
     int GetFullRows() const;  // rows that are wholly visible
     int RowAt(int Y) const;   // row at a height of the viewport; -1 none
     int GetCurrentRow() const { return FCurrent; }
+    int GetFirstSelected() const { return std::min(FAnchor, FCurrent); }  // -1 none
+    int GetLastSelected() const { return std::max(FAnchor, FCurrent); }
+    void SelectAll();
+    void CopyRows() override;  // every row where none is selected
     void ScrollTo(int Row);
 
 protected:
@@ -43,12 +50,13 @@ private:
     void PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const;
     QString CellText(int Row, int Column) const;
     int ColumnAt(int X) const;
-    void SetCurrent(int64_t Row);
+    void SetCurrent(int64_t Row, bool Extend);
+    bool IsSelected(int Row) const { return Row >= GetFirstSelected() && Row <= GetLastSelected(); }
 
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;
     fw::TConnections FLinks;
-    int FCurrent = -1;
+    int FCurrent = -1, FAnchor = -1;  // both none or both a row
     int FWheelRest = 0;
 };
 

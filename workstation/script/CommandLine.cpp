@@ -5,6 +5,7 @@
 #include <functional>
 #include <sstream>
 
+#include "framework/base/NumberFormat.h"
 #include "framework/base/Numbers.h"
 #include "workstation/resources/Skins.h"
 #include "workstation/resources/Texts.h"
@@ -21,9 +22,10 @@ struct TOption {
     std::function<void(TCommandLine&, const std::string&)> Take;
 };
 
-std::string Number(const std::string& Option, const std::string& Value) {
-    if (!fw::GroupedTextToFloat(Value)) throw TUsageError{"Res_UsageNumber", {Option, Value}};
-    return Value;
+double Number(const std::string& Option, const std::string& Value) {
+    const auto Read = fw::GroupedTextToFloat(Value);
+    if (!Read) throw TUsageError{"Res_UsageNumber", {Option, Value}};
+    return *Read;
 }
 
 // SYMBOL,buy|sell,PREMIUM,QTY
@@ -32,9 +34,16 @@ TStrategyLeg LegOf(const std::string& Value) {
     std::istringstream Stream(Value);
     for (std::string Part; std::getline(Stream, Part, ',');) Parts.push_back(Part);
     const bool Complete = Parts.size() == 4 && !Parts[0].empty() && (Parts[1] == "buy" || Parts[1] == "sell");
-    if (!Complete || Value.ends_with(',') || !fw::TextToFloat(Parts[2]) || !fw::TextToFloat(Parts[3]))
-        throw TUsageError{"Res_UsageLeg", {Value}};
-    return {Parts[0], Parts[1] == "buy" ? ELegSide::Buy : ELegSide::Sell, Parts[2], Parts[3]};
+    const auto Premium = Complete ? fw::TextToFloat(Parts[2]) : std::nullopt;
+    const auto Qty = Complete ? fw::TextToFloat(Parts[3]) : std::nullopt;
+    if (Value.ends_with(',') || !Premium || !Qty) throw TUsageError{"Res_UsageLeg", {Value}};
+    return {Parts[0], Parts[1] == "buy" ? ELegSide::Buy : ELegSide::Sell, Premium, *Qty};
+}
+
+std::string NumberFormats() {
+    std::string Names;
+    for (const auto& Name : fw::NumberFormatNames()) Names += (Names.empty() ? "" : ", ") + Name;
+    return Names;
 }
 
 const std::vector<TOption>& Options() {
@@ -55,6 +64,13 @@ const std::vector<TOption>& Options() {
          [](auto& C, auto& V) {
              if (!LanguageIndexOf(V)) throw TUsageError{"Res_UsageLanguage", {V}};
              C.Language = V;
+         }},
+        {"--number-format",
+         {Window, Headless, Picture},
+         true,
+         [](auto& C, auto& V) {
+             if (!fw::FindNumberFormat(V)) throw TUsageError{"Res_UsageNumberFormat", {V, NumberFormats()}};
+             C.NumberFormat = V;
          }},
         {"--import", {Headless}, true, [](auto& C, auto& V) { C.ImportFile = V; }},
         {"--skip-bad-lines", {Headless, Import}, false, [](auto& C, auto&) { C.SkipBadLines = true; }},

@@ -25,6 +25,7 @@ struct TCommandLine {
     std::filesystem::path Out;  // folder of the headless job, file of the picture
     std::string Skin;           // --skin, window and picture
     std::string Language;       // --language en|zh-Hant|zh-Hans; "": as remembered
+    std::string NumberFormat;   // --number-format; "": as remembered
 };
 
 // Wrong arguments; a resource key and its arguments, for one clear line.

@@ -18,9 +18,9 @@ constexpr TBaseLeg kIronCondor[] = {
     {"HSI28000L6", ELegSide::Buy},
 };
 
-constexpr const char* kDown = "24000";
-constexpr const char* kUp = "29000";
-constexpr const char* kInterval = "100";
+constexpr double kDown = 24000;
+constexpr double kUp = 29000;
+constexpr double kInterval = 100;
 
 }  // namespace
 
@@ -29,7 +29,7 @@ TStrategy FirstStartStrategy(const TStore& Store) {
     for (const auto& Leg : kIronCondor) {
         const auto Symbol = Store.CurrentSampleSymbol(Leg.Symbol);
         if (Symbol.empty()) return {};
-        Strategy.Legs.push_back({Symbol, Leg.Side, {}, "1"});
+        Strategy.Legs.push_back({Symbol, Leg.Side, {}, 1.0});
     }
     Strategy.Down = kDown;
     Strategy.Up = kUp;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "framework/base/Numbers.h"
 #include "framework/controls/Button.h"
 #include "framework/controls/ComboBox.h"
 #include "framework/controls/GridTableView.h"
@@ -26,32 +25,35 @@ int ColumnWithTag(const fw::TGridTableView& View, int Tag) {
     return -1;
 }
 
-// Types into the open editor; false when the editor does not take the value.
-bool Fill(fw::TCellEditor& Editor, const TStep& Step) {
-    if (Step.Action == TStep::EAction::Cell && !Editor.IsCombo()) {
+// Enters the step's value into the open editor; why the editor does not take it.
+std::optional<fw::TRefusal> Fill(fw::TCellEditor& Editor, const TStep& Step) {
+    const bool Chosen = Step.Action == TStep::EAction::CellItem;
+    if (!Editor.IsCombo() && !Chosen) {
         Editor.KeyDown(kTypedKey);  // so that the view takes it for typing, not for the wheel
+        if (Step.Action == TStep::EAction::CellNumber) return Editor.EnterNumber(Step.Number);
         Editor.SetEditText(Step.Value);
-        return !Editor.IsRefused();
+        return Editor.GetRefusal();
     }
-    if (!Editor.IsCombo()) return false;
-    Editor.OpenList();
+    if (Editor.IsCombo()) Editor.OpenList();
     const auto& Items = Editor.GetItems();
-    const int Index = Step.Action == TStep::EAction::CellItem
-                          ? Step.Item
-                          : static_cast<int>(std::find(Items.begin(), Items.end(), Step.Value) - Items.begin());
-    if (Index < 0 || Index >= static_cast<int>(Items.size())) return false;
-    Editor.SelectItem(Index);
-    return true;
+    const auto Index = Chosen ? Step.Item : std::find(Items.begin(), Items.end(), Step.Value) - Items.begin();
+    if (Index < 0 || Index >= static_cast<std::ptrdiff_t>(Items.size()))
+        return fw::TRefusal{"Res_LogChoiceRefused", {Chosen ? std::to_string(Step.Item + 1) : Step.Value}};
+    Editor.SelectItem(static_cast<int>(Index));
+    return std::nullopt;
 }
 
 }  // namespace
 
 bool TPlayer::Play(const TStep& Step) {
+    FReason.reset();
     switch (Step.Action) {
         case TStep::EAction::Select: return Select(Step);
-        case TStep::EAction::Enter: return Enter(Step);
+        case TStep::EAction::Enter:
+        case TStep::EAction::EnterNumber: return Enter(Step);
         case TStep::EAction::Choose: return Choose(Step);
         case TStep::EAction::Cell:
+        case TStep::EAction::CellNumber:
         case TStep::EAction::CellItem: return Cell(Step);
         case TStep::EAction::Click: return Click(Step);
     }
@@ -61,8 +63,13 @@ bool TPlayer::Play(const TStep& Step) {
 std::vector<TStepFailure> TPlayer::Play(const std::vector<TStep>& Steps) {
     std::vector<TStepFailure> Failures;
     for (size_t i = 0; i < Steps.size(); ++i)
-        if (!Play(Steps[i])) Failures.push_back({i, Steps[i]});
+        if (!Play(Steps[i])) Failures.push_back({i, Steps[i], FReason});
     return Failures;
+}
+
+bool TPlayer::Refuse(std::optional<fw::TRefusal> Reason) {
+    FReason = std::move(Reason);
+    return false;
 }
 
 bool TPlayer::Select(const TStep& Step) {
@@ -71,6 +78,7 @@ bool TPlayer::Select(const TStep& Step) {
     for (int i = 0; i < Combo->GetCount(); ++i)
         if (NamesItem(Combo->GetItem(i), Step.Value)) {
             Combo->SetFocus();
+            if (Combo->IsHeldElsewhere()) return false;
             Combo->SetItemIndex(i);
             return Combo->GetItemIndex() == i;
         }
@@ -81,11 +89,17 @@ bool TPlayer::Enter(const TStep& Step) {
     auto* Edit = FFrame.FindControl<fw::TSpinEdit>(Step.Control);
     if (!Edit || !Edit->IsEnabled()) return false;
     Edit->SetFocus();
-    Edit->SetEditText(Step.Value);
+    if (Edit->IsHeldElsewhere()) return false;
+    if (Step.Action == TStep::EAction::EnterNumber) {
+        if (auto Reason = Edit->EnterNumber(Step.Number)) return Refuse(std::move(Reason));
+    } else {
+        Edit->SetEditText(Step.Value);
+    }
     Edit->KeyPress(fw::kKeyEnter);
-    const auto Typed = fw::GroupedTextToFloat(Step.Value);
-    return Typed ? !Edit->GetValue().IsNull() && Edit->GetFloat() == *Typed
-                 : Step.Value.empty() && Edit->GetValue().IsNull();
+    if (!Edit->GetRefusal()) return true;
+    Refuse(Edit->GetRefusal());
+    Edit->CancelEdit();
+    return false;
 }
 
 bool TPlayer::Choose(const TStep& Step) {
@@ -94,7 +108,7 @@ bool TPlayer::Choose(const TStep& Step) {
     const auto& Choices = Edit->GetChoices();
     const auto It = std::find_if(Choices.begin(), Choices.end(), [&](const auto& C) { return C.Code == Step.Value; });
     if (It == Choices.end()) return false;
-    Edit->SetFocus();
+    if (Edit->IsHeldElsewhere()) return false;
     Edit->Choose(static_cast<int>(It - Choices.begin()));
     return true;
 }
@@ -105,9 +119,9 @@ bool TPlayer::Cell(const TStep& Step) {
     View->SetFocus();
     auto* Editor = View->StartEdit(Step.Row, ColumnWithTag(*View, Step.Column));
     if (!Editor) return false;
-    if (!Fill(*Editor, Step)) {
+    if (auto Reason = Fill(*Editor, Step)) {
         View->CancelEdit();
-        return false;
+        return Refuse(std::move(Reason));
     }
     View->PostEditor();
     if (!View->GetEditor()) return true;
@@ -119,7 +133,7 @@ bool TPlayer::Click(const TStep& Step) {
     auto* Button = FFrame.FindControl<fw::TButton>(Step.Control);
     if (!Button || !Button->CanClick()) return false;
     Button->Click();
-    return true;
+    return !Button->IsHeldElsewhere();
 }
 
 }  // namespace ws

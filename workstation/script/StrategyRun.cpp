@@ -3,12 +3,14 @@
 
 #include <algorithm>
 
+#include "framework/base/NumberFormat.h"
 #include "framework/base/Text.h"
 #include "framework/controls/ComboBox.h"
 #include "framework/controls/GridTableView.h"
 #include "framework/data/ColumnIds.h"
 #include "framework/services/EditorManager.h"
 #include "framework/services/SubscribeAdapter.h"
+#include "workstation/market/MonthCode.h"
 
 namespace ws {
 
@@ -30,15 +32,6 @@ std::string SymbolAt(const fw::TGridTableView& View, int Row) {
 }
 
 }  // namespace
-
-std::string MonthCodeOf(const TProductRow& Product) {
-    std::string Code = Product.ExpiryDate.substr(0, 7);
-    std::replace(Code.begin(), Code.end(), '/', '-');
-    const auto Tag = Product.Attributes.find("WeeklyOptionExp");
-    const bool Weekly =
-        Tag != Product.Attributes.end() && !fw::Trim(Tag->second).empty() && fw::SameText(Product.Exchange, "HKFE");
-    return Weekly ? Code + "-" + fw::Trim(Tag->second) : Code;
-}
 
 TStrategyRun::TStrategyRun(fw::TFrame& Frame, const TMarketService& Market, TStrategy Strategy, TWait Patience)
     : FFrame(Frame), FMarket(Market), FStrategy(std::move(Strategy)), FPatience(Patience), FPlayer(Frame) {}
@@ -124,18 +117,19 @@ void TStrategyRun::TypeLegs() {
         const int Row = static_cast<int>(i);
         if (!FPlayer.Play(TStep::CellItem(kGrid, Row, fw::kColumnSide, Leg.Side == ELegSide::Buy ? 0 : 1)))
             Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Side == ELegSide::Buy ? "buy" : "sell"});
-        if (Leg.Premium && !FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnPremium, *Leg.Premium)))
-            Report("Res_ScriptCellRefused", {Leg.Symbol, *Leg.Premium});
-        if (!FPlayer.Play(TStep::Cell(kGrid, Row, fw::kColumnQuantity, Leg.Qty)))
-            Report("Res_ScriptCellRefused", {Leg.Symbol, Leg.Qty});
+        if (Leg.Premium && !FPlayer.Play(TStep::CellNumber(kGrid, Row, fw::kColumnPremium, *Leg.Premium)))
+            Report("Res_ScriptCellRefused", {Leg.Symbol, fw::FormatShortest(*Leg.Premium)});
+        if (!FPlayer.Play(TStep::CellNumber(kGrid, Row, fw::kColumnQuantity, Leg.Qty)))
+            Report("Res_ScriptCellRefused", {Leg.Symbol, fw::FormatShortest(Leg.Qty)});
     }
 }
 
 void TStrategyRun::TypeRange() {
-    const std::pair<const char*, const std::optional<std::string>&> Bounds[] = {
+    const std::pair<const char*, std::optional<double>> Bounds[] = {
         {"edtDown", FStrategy.Down}, {"edtUp", FStrategy.Up}, {"edtInterval", FStrategy.Interval}};
     for (const auto& [Control, Value] : Bounds)
-        if (Value && !FPlayer.Play(TStep::Enter(Control, *Value))) Report("Res_ScriptRangeRefused", {*Value});
+        if (Value && !FPlayer.Play(TStep::EnterNumber(Control, *Value)))
+            Report("Res_ScriptRangeRefused", {fw::FormatShortest(*Value)});
 }
 
 // The view refuses a range by leaving its table as it was, and the view is new: no rows, no calculation.

@@ -54,7 +54,4 @@ private:
     std::vector<TStrategyProblem> FProblems;
 };
 
-// Month code under which the payoff view lists a contract: "yyyy-MM", with "-tag" for weekly contracts at HKFE.
-std::string MonthCodeOf(const TProductRow& Product);
-
 }  // namespace ws

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "framework/base/Numbers.h"
+#include "framework/base/NumberFormat.h"
 
 namespace ws {
 
@@ -22,16 +22,16 @@ int ChartDecimals(double Value) {
 }  // namespace
 
 fw::Text TFormatterService::FormatValue(double Value, uint8_t Kind, const fw::Text& Symbol, bool, void*) {
-    if (Kind == fw::kFormatAmount) return fw::FloatToText(Value, kAmountDecimals, true, kAmountDecimals);
-    if (Kind == fw::kFormatQuantity) return fw::FloatToText(Value, kMaxDecimals, true);
+    if (Kind == fw::kFormatAmount) return fw::FormatNumber(Value, kAmountDecimals, true, kAmountDecimals);
+    if (Kind == fw::kFormatQuantity) return fw::FormatNumber(Value, kMaxDecimals, true);
     const auto Form = Symbol.empty() ? std::nullopt : FLookup(Symbol);
-    if (!Form) return fw::FloatToText(Value, kMaxDecimals, true, kDefaultPriceDecimals);
-    return fw::FloatToText(Form->DisplayFactor ? Value * *Form->DisplayFactor : Value, kMaxDecimals, true,
-                           Form->Decimals);
+    if (!Form) return fw::FormatNumber(Value, kMaxDecimals, true, kDefaultPriceDecimals);
+    return fw::FormatNumber(Form->DisplayFactor ? Value * *Form->DisplayFactor : Value, kMaxDecimals, true,
+                            Form->Decimals);
 }
 
 fw::Text TFormatterService::FormatPrice(double Value, uint8_t, bool) {
-    return fw::FloatToText(Value, ChartDecimals(Value), true);
+    return fw::FormatNumber(Value, ChartDecimals(Value), true);
 }
 
 }  // namespace ws

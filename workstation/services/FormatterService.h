@@ -14,7 +14,8 @@ struct TQuoteForm {
     std::optional<double> DisplayFactor;
 };
 
-// The workstation's one number format. Prices of a symbol are written as the symbol is quoted, display factor included,
+// Prices, amounts and quantities in the current number format. Prices of a symbol are written as the symbol is quoted,
+// display factor included,
 // so that a cell reads the same whether it is edited or not. Typed decimals beyond the quoted ones are never hidden.
 class TFormatterService : public fw::TCustomFormatter {
 public:

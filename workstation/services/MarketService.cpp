@@ -22,6 +22,12 @@ int CountIn(const TMap& Map, const TKey& Key) {
     return It == Map.end() ? 0 : static_cast<int>(It->second.size());
 }
 
+// Quoted, but in no list: views know it by its market data alone.
+bool IsDataOnly(const TProductRow& Row) {
+    const auto It = Row.Attributes.find(kAttributeDataOnly);
+    return It != Row.Attributes.end() && It->second == "1";
+}
+
 // Stable, ascending by the market's own order.
 template <class TRank>
 void SortByRank(fw::TStringList* List, TRank Rank) {
@@ -52,7 +58,7 @@ void TMarketService::Load(TMarketSet Market) {
         if (!Product) Product = std::make_unique<TMarketProduct>();
         Product->Row = Row;
         Product->Listed = true;
-        FProductsOf[{Row.Exchange, Row.Series}].push_back(Product.get());
+        if (!IsDataOnly(Row)) FProductsOf[{Row.Exchange, Row.Series}].push_back(Product.get());
     }
 }
 
@@ -101,7 +107,8 @@ fw::TCustomProduct* TMarketService::GetProduct(const fw::Text& Exchange, const f
 
 fw::TCustomProduct* TMarketService::GetProductBySymbol(const fw::Text& Symbol) {
     const auto It = FProducts.find(Symbol);
-    return It != FProducts.end() && It->second->Listed ? It->second.get() : nullptr;
+    const bool Found = It != FProducts.end() && It->second->Listed && !IsDataOnly(It->second->Row);
+    return Found ? It->second.get() : nullptr;
 }
 
 fw::TCustomSpreadTable* TMarketService::GetSpreadTable(const fw::Text& Code) {

@@ -45,7 +45,8 @@ public:
     bool HasOwners() const { return !FEvents.IsEmpty(); }
 
     const TMarketSet& Market() const { return FMarket; }
-    const TProductRow* FindProduct(const std::string& Symbol) const;  // null when not listed
+    // The workstation's own view of the market: also what no view finds, because only its market data are known.
+    const TProductRow* FindProduct(const std::string& Symbol) const;  // null when not known
     const TSeriesRow* FindSeries(const std::string& Exchange, const std::string& Series) const;
     int ExchangeIndex(const std::string& Exchange) const;  // listing order; unknown: behind all
     int SeriesIndex(const std::string& Exchange, const std::string& Series) const;

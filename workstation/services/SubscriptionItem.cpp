@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/services/SubscriptionItem.h"
 
+#include <cmath>
+#include <iterator>
+
 #include "framework/base/Numbers.h"
 
 namespace ws {
@@ -38,7 +41,26 @@ void TSubscriptionItem::Take(const TProductRow& Product, std::optional<double> P
     SetText(fw::kFieldSeries, Product.Series);
     if (Product.Multiplier) SetValue(fw::kFieldMultiplier, *Product.Multiplier);
     if (Product.DisplayFactor) SetValue(fw::kFieldDisplayFactor, *Product.DisplayFactor);
+    TakeOwnFields(Product);
     FState = fw::kItemReady;
+}
+
+// What the market data state on their own comes last, and wins.
+void TSubscriptionItem::TakeOwnFields(const TProductRow& Product) {
+    for (const auto& [Name, Value] : Product.Attributes) {
+        if (!Name.starts_with(kAttributeField)) continue;
+        const auto Field = fw::TextToInt(Name.substr(std::size(kAttributeField) - 1));
+        if (!Field) continue;
+        FFields.erase(*Field);
+        SetText(*Field, Value);
+    }
+}
+
+void TSubscriptionItem::TakeQuote(const TQuoteRow& Quote, std::optional<std::chrono::system_clock::time_point> At) {
+    if (Quote.Bid) SetValue(fw::kFieldBid, *Quote.Bid);
+    if (Quote.Ask) SetValue(fw::kFieldAsk, *Quote.Ask);
+    if (Quote.Last) SetValue(fw::kFieldLast, *Quote.Last);
+    if (At) SetValue(fw::kFieldQuoteTime, std::floor(std::chrono::duration<double>(At->time_since_epoch()).count()));
 }
 
 void TSubscriptionItem::TakeNothing() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
 
@@ -22,10 +23,13 @@ public:
 
     // Contract and price (none: nothing was quoted) are known: the item is ready.
     void Take(const TProductRow& Product, std::optional<double> Price);
+    // The quote behind the price, after Take. At: when it last changed; nothing when the market does not say.
+    void TakeQuote(const TQuoteRow& Quote, std::optional<std::chrono::system_clock::time_point> At);
     // The market lists no such contract.
     void TakeNothing();
 
 private:
+    void TakeOwnFields(const TProductRow& Product);
     void SetText(int FieldId, const std::string& Value);  // an empty text leaves the field without value
     void SetValue(int FieldId, double Value);
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "framework/base/Clock.h"
+#include "workstation/market/MarketDay.h"
 #include "workstation/market/QuotePrice.h"
 #include "workstation/services/SubscriptionItem.h"
 
@@ -50,10 +52,22 @@ void TSubscriptionService::Answer(const std::string& Symbol) {
         if (!Quote) return;  // comes later, or never
         const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
         Item.Take(*Product, ReferencePrice(*Quote, Series && Series->Imported));
+        Item.TakeQuote(*Quote, TimeOf(*Quote, Product->Exchange));
     } else {
         Item.TakeNothing();
     }
     Tell(Symbol);
+}
+
+// The simulated market's time falls behind the process's clock, by every pause of the loop; a quote's age does not.
+std::optional<std::chrono::system_clock::time_point> TSubscriptionService::TimeOf(const TQuoteRow& Quote,
+                                                                                  const std::string& Exchange) const {
+    const auto& Exchanges = FMarket.Market().Exchanges;
+    const auto Row =
+        std::find_if(Exchanges.begin(), Exchanges.end(), [&](const auto& E) { return E.Code == Exchange; });
+    const auto At = MarketTimeOf(Quote.Time, Row == Exchanges.end() ? 0 : Row->UtcOffsetMinutes);
+    if (!At || !FQuotes.Now) return At;
+    return *At + (fw::TClock::Now() - FQuotes.Now());
 }
 
 void TSubscriptionService::Tell(const std::string& Symbol) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <set>
@@ -14,10 +15,12 @@ namespace ws {
 
 class TSubscriptionItem;
 
-// Where prices come from. QuoteOf answers null while there is none.
+// Where prices come from. QuoteOf answers null while there is none. Now is the market's own time, in which it states
+// the times of its quotes.
 struct TQuoteSource {
     std::function<void(const std::string& Symbol)> Watch;
     std::function<const TQuoteRow*(const std::string& Symbol)> QuoteOf;
+    std::function<std::chrono::system_clock::time_point()> Now;
 };
 
 // Market-data items. An item knows nothing until somebody subscribed to it and the market answered from the loop: then
@@ -46,6 +49,8 @@ private:
     using THandlers = fw::TOwnerRegistrations<fw::TObject*, fw::TObject*>;
     TSubscriptionItem& ItemOf(const std::string& Symbol);
     void Answer(const std::string& Symbol);
+    std::optional<std::chrono::system_clock::time_point> TimeOf(const TQuoteRow& Quote,
+                                                                const std::string& Exchange) const;
     void Tell(const std::string& Symbol);
 
     const TMarketService& FMarket;  // both borrowed

@@ -15,6 +15,7 @@ constexpr const char* kSection = "Workstation";
 constexpr const char* kKeyUser = "User";
 constexpr const char* kKeyLanguage = "Language";
 constexpr const char* kKeySkin = "Skin";
+constexpr const char* kKeyNumberFormat = "NumberFormat";
 constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
 constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
 constexpr int kTicksPerRetry = 3000 / kTimerPeriodMs;  // a try may wait a second for another program's lock
@@ -38,6 +39,7 @@ TOpenedStore TWorkstation::OpenStore(const TWorkstationOptions& Options) {
 
 TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     : FSampleFolder(Options.SampleFolder),
+      FEnvironmentFormat(Options.NumberFormat),
       FStore([&] {
           auto Opened = OpenStore(Options);
           FNotices = std::move(Opened.Notices);
@@ -50,7 +52,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
                 [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }, {.Seed = Options.Seed}),
       FSubscriptions(FMarket, FQueue,
                      {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
-                      [this](const std::string& Symbol) { return QuoteOf(Symbol); }}),
+                      [this](const std::string& Symbol) { return QuoteOf(Symbol); }, [this] { return FWalk->Now(); }}),
       FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
@@ -61,6 +63,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     FYesterday = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
     OpenOrders();
     FLanguage.SetLanguage(fw::TextToIntDef(FStore->ReadSetting(kSection, kKeyLanguage).value_or("0"), 0));
+    if (!ApplyNumberFormat(FStore->ReadSetting(kSection, kKeyNumberFormat).value_or(""))) ApplyNumberFormat("");
 
     const auto Last = FStore->ReadSetting(kSection, kKeyUser).value_or("");
     if (!SetUser(Options.User.empty() ? Last : Options.User) && !FTrading.Users.empty()) {
@@ -82,7 +85,10 @@ void TWorkstation::OpenOrders() {
     if (Open > 0) FNotices.push_back({"Res_OrdersUnknown", {std::to_string(Open)}});
 }
 
-TWorkstation::~TWorkstation() { Uninstall(); }
+TWorkstation::~TWorkstation() {
+    Uninstall();
+    fw::SetNumberFormat({});
+}
 
 const TQuoteRow* TWorkstation::QuoteOf(const std::string& Symbol) {
     const auto* Quote = FWalk->QuoteOf(Symbol);
@@ -176,6 +182,17 @@ bool TWorkstation::SetUser(const std::string& Code) {
 void TWorkstation::SetLanguage(int Language) {
     FLanguage.SetLanguage(Language);
     FStore->WriteSetting(kSection, kKeyLanguage, std::to_string(FLanguage.GetLanguage()));
+}
+
+bool TWorkstation::SetNumberFormat(const std::string& Name) {
+    if (!ApplyNumberFormat(Name)) return false;
+    FStore->WriteSetting(kSection, kKeyNumberFormat, Name);
+    return true;
+}
+
+bool TWorkstation::ApplyNumberFormat(const std::string& Name) const {
+    const auto Format = Name.empty() ? FEnvironmentFormat : fw::FindNumberFormat(Name);
+    return Format && fw::SetNumberFormat(*Format);
 }
 
 // A view reads the skin's colours as options: options first, then the announcement of the skin.

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "framework/base/NumberFormat.h"
 #include "workstation/market/ChainStore.h"
 #include "workstation/market/QuoteWalk.h"
 #include "workstation/market/SymbolForms.h"
@@ -35,6 +36,7 @@ struct TWorkstationOptions {
     std::filesystem::path SampleFolder;  // files of the sample market
     std::string User;                    // empty: who was logged in last, else the first
     std::uint64_t Seed = 20260101;       // of the simulated market
+    fw::TNumberFormat NumberFormat;      // of the environment: where the user has chosen none
 };
 
 struct TImportReport {
@@ -69,6 +71,10 @@ public:
     void SetLanguage(int Language);
     void SetSkin(const std::string& Skin);
 
+    // How numbers are written and read, by name; "": as the environment has it. Remembered, and shown by every view at
+    // once. False, and nothing changes, for an unknown name.
+    bool SetNumberFormat(const std::string& Name);
+
     // Reads an option-chain file into the store and shows it to every view. A file with bad lines is refused unless
     // SkipBadLines. Raises EMarketRefusal or EStoreError; nothing has changed then.
     TImportReport ImportChain(const std::filesystem::path& File, const TChainOptions& Options, bool SkipBadLines,
@@ -89,11 +95,17 @@ public:
     TMessageBoxService& MessageBox() { return FMessageBox; }
     TChannelService& Channels() { return FChannels; }
 
+    // What the underlying of a series costs now, real price units; nothing where nobody knows.
+    std::optional<double> UnderlyingOf(const std::string& Exchange, const std::string& Series) const {
+        return FWalk->UnderlyingOf(Exchange, Series);
+    }
+
     // True while a view has a registration anywhere: for the check that a closed view left nothing behind.
     bool HasOwners() const;
 
 private:
     TOpenedStore OpenStore(const TWorkstationOptions& Options);
+    bool ApplyNumberFormat(const std::string& Name) const;
     void LoadMarket();
     void OpenOrders();
     void ReloadMarket();
@@ -107,6 +119,7 @@ private:
     std::optional<TQuoteForm> QuoteFormOf(const std::string& Symbol) const;
 
     std::filesystem::path FSampleFolder;
+    fw::TNumberFormat FEnvironmentFormat;
     std::vector<TStoreNotice> FNotices;
     std::unique_ptr<TStore> FStore;
     TTradingSet FTrading;

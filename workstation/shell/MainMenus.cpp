@@ -44,6 +44,7 @@ void TMainWindow::BuildMenus() {
         if (Old->menu()) Old->menu()->deleteLater();
     }
     BuildFileMenu();
+    BuildEditMenu();
     for (const TMenuNode& Node : MenuOf(FCatalog)) {
         if (Node.View) {
             connect(menuBar()->addAction(MenuText(Node.Caption)), &QAction::triggered, this,
@@ -91,6 +92,19 @@ void TMainWindow::BuildFileMenu() {
     QAction* Exit = File.addAction(FContext.Translate("Res_FileExit"));
     Exit->setShortcut(QKeySequence::Quit);
     connect(Exit, &QAction::triggered, this, [this] { close(); });
+}
+
+// The tables take the keys themselves; here they only stand beside the words.
+void TMainWindow::BuildEditMenu() {
+    QMenu& Edit = *menuBar()->addMenu(FContext.Translate("Res_MenuEdit"));
+    const auto Add = [&](const char* Key, QKeySequence::StandardKey Shortcut, void (TClipboardFlow::*Run)()) {
+        QAction* Action = Edit.addAction(FContext.Translate(Key));
+        Action->setShortcut(Shortcut);
+        Action->setShortcutContext(Qt::WidgetShortcut);
+        connect(Action, &QAction::triggered, FClipboard.get(), [this, Run] { (FClipboard.get()->*Run)(); });
+    };
+    Add("Res_EditCopy", QKeySequence::Copy, &TClipboardFlow::CopyFocused);
+    Add("Res_EditPasteLegs", QKeySequence::Paste, &TClipboardFlow::PasteFocused);
 }
 
 void TMainWindow::BuildViewMenu() {

@@ -26,13 +26,18 @@ constexpr char kSettingSection[] = "Shell";
 constexpr char kSettingStarted[] = "FirstStartDone";
 constexpr char kShowHintIcon[] = "show-hint";
 
+void LogNotice(const TStoreNotice& Notice) {
+    fw::TLog::Write(Notice.Warning ? fw::ELogLevel::Warning : fw::ELogLevel::Info, Notice.Key, Notice.Args);
+}
+
 }  // namespace
 
 TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std::unique_ptr<TDialogs> Dialogs)
     : FWorkstation(Workstation),
       FContext(Context),
       FDialogs(std::move(Dialogs)),
-      FPopups(Context),
+      FPopups(Context,
+              [this](const fw::TSelectedMarket& M) { return FWorkstation.UnderlyingOf(M.Exchange, M.Series); }),
       FConfirmation(
           {Workstation.OrderFacts(), Workstation.OrderService(), Workstation.OrderActions(), Workstation.Language()},
           Context, this) {
@@ -65,10 +70,13 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) {
         return FPopups.MakeContent(Popup, Parent);
     };
-    FContext.OnEditRefused = [this](fw::TGridTableView&) {
+    FContext.OnEditRefused = [this](fw::TGridTableView& Grid) {
         TViewDock* Dock = FDocks->Current();
-        if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) FStatus->ShowRefusal(RefusedHint(*Frame));
+        if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) Say(RefusedHint(*Frame, Grid), {});
     };
+    FContext.OnEditKept = [this](const QString& Reason) { FStatus->Say([Reason] { return Reason; }); };
+    FClipboard = std::make_unique<TClipboardFlow>(Context, *FDialogs, *FDocks, *this,
+                                                  [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     FWorkstation.MessageBox().OnShow = [this](const fw::Text& Message) { FDialogs->Tell(this, ToQt(Message)); };
     // Work of the services waits for the loop; the tick drives market and views.
     FWorkstation.SetOnWork([this] { PumpLater(); });
@@ -78,7 +86,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     connect(&FRunTimer, &QTimer::timeout, this, [this] { PollRun(); });
     connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
     FHintTimer.start(kHintMs);
-    for (const TStoreNotice& Notice : Workstation.Notices()) fw::TLog::Info(Notice.Key, Notice.Args);
+    for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
     SetSkin(Workstation.LookAndFeel().GetSkinName());
     setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
@@ -89,11 +97,13 @@ TMainWindow::~TMainWindow() {
     FTick.stop();
     FRun.reset();
     FDocks->CloseAll();
+    FClipboard.reset();
     FDocks.reset();
     FWorkstation.SetOnWork({});
     FWorkstation.MessageBox().OnShow = nullptr;
     FContext.MakePopupContent = nullptr;
     FContext.OnEditRefused = nullptr;
+    FContext.OnEditKept = nullptr;
 }
 
 void TMainWindow::PumpLater() {
@@ -185,6 +195,10 @@ void TMainWindow::showEvent(QShowEvent* Event) {
     if (FDocks->Docks().size() == 1) GiveRoomToViews();
 }
 
+void TMainWindow::Say(const fw::Text& Key, const std::vector<fw::Text>& Args) {
+    FStatus->Say([this, Key, Args] { return ToQt(FWorkstation.Language().Resource(Key, Args)); });
+}
+
 void TMainWindow::UpdateHint() {
     TViewDock* Dock = FDocks->Current();
     fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr;
@@ -200,6 +214,7 @@ void TMainWindow::SetLanguage(int Language) {
     FMessages->Retranslate();
     FPanel->Retranslate();
     FStatus->Retranslate();
+    FPopups.Retranslate();
     FConfirmation.Retranslate();
     BuildMenus();
 }
@@ -236,7 +251,7 @@ void TMainWindow::ImportFile(const QString& File) {
 void TMainWindow::ResetSample() {
     if (!FDialogs->Ask(this, FContext.Translate("Res_ResetMarketAsk"))) return;
     try {
-        for (const TStoreNotice& Notice : FWorkstation.ResetSample()) fw::TLog::Info(Notice.Key, Notice.Args);
+        for (const TStoreNotice& Notice : FWorkstation.ResetSample()) LogNotice(Notice);
         fw::TLog::Info("Res_ResetMarketDone");
     } catch (const EStoreError& Error) {
         fw::TLog::Error(Error.Key(), Error.Args());

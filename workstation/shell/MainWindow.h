@@ -9,6 +9,7 @@
 #include "workstation/script/StrategyRun.h"
 #include "workstation/services/Workstation.h"
 #include "workstation/shell/BatchConfirmation.h"
+#include "workstation/shell/ClipboardFlow.h"
 #include "workstation/shell/Dialogs.h"
 #include "workstation/shell/MessageList.h"
 #include "workstation/shell/MessagesPanel.h"
@@ -48,6 +49,7 @@ public:
     TMessageList& Messages() { return *FMessages; }
     TMessagesPanel& Panel() { return *FPanel; }
     TStatusLine& Status() { return *FStatus; }
+    TClipboardFlow& Clipboard() { return *FClipboard; }
 
 protected:
     void showEvent(QShowEvent* Event) override;
@@ -57,11 +59,13 @@ private:
     void GiveRoomToViews();
     void BuildMenus();
     void BuildFileMenu();
+    void BuildEditMenu();
     void BuildViewMenu();
     void AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes);
     fw::TIBaseView* FirstVisibleView() const;
     void ShowAbout();
     void UpdateHint();
+    void Say(const fw::Text& Key, const std::vector<fw::Text>& Args);
     void PollRun();
     void PumpLater();
     void TurnHintOn(TViewDock& Dock);
@@ -76,6 +80,7 @@ private:
     TMessagesPanel* FPanel;
     TStatusLine* FStatus;
     std::unique_ptr<TViewDocks> FDocks;
+    std::unique_ptr<TClipboardFlow> FClipboard;
     std::unique_ptr<TStrategyRun> FRun;
     fw::TFrame* FRunFrame = nullptr;  // the view that FRun types into
     qint64 FRunBegan = 0;

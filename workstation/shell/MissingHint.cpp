@@ -54,6 +54,9 @@ const char* MissingHint(fw::TFrame& Frame) {
     return nullptr;
 }
 
-const char* RefusedHint(fw::TFrame& Frame) { return LacksChoice(Frame) ? "Res_HintChooseMarket" : "Res_HintRowFixed"; }
+const char* RefusedHint(fw::TFrame& Frame, const fw::TGridTableView& Grid) {
+    const bool Last = Grid.GetFocusedRecord() == Grid.GetDataController().GetRecordCount() - 1;
+    return Last || LacksChoice(Frame) ? "Res_HintChooseMarket" : "Res_HintRowFixed";
+}
 
 }  // namespace ws

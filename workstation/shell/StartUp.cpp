@@ -6,9 +6,11 @@
 #include <iostream>
 
 #include <QApplication>
+#include <QLocale>
 #include <QMessageBox>
 
 #include "framework/base/Clock.h"
+#include "framework/base/NumberFormat.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/resources/Texts.h"
 #include "workstation/shell/PackageLoader.h"
@@ -44,6 +46,13 @@ int EnvironmentLanguage() {
     return kLanguageEnglish;
 }
 
+// Digits and signs are the program's own; a locale whose separators it cannot read keeps the C form.
+fw::TNumberFormat EnvironmentNumberFormat() {
+    const QLocale Locale = QLocale::system();
+    const fw::TNumberFormat Format{FromQt(Locale.decimalPoint()), FromQt(Locale.groupSeparator())};
+    return fw::IsNumberFormat(Format) ? Format : fw::TNumberFormat();
+}
+
 }  // namespace
 
 std::string StartUpText(const std::string& Key, const std::vector<std::string>& Args) {
@@ -55,6 +64,7 @@ TWorkstationOptions OptionsOf(const TCommandLine& Line) {
     Options.SampleFolder = SampleFolder();
     Options.User = Line.User;
     Options.InMemory = Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture;
+    if (Line.Mode == ERunMode::Window) Options.NumberFormat = EnvironmentNumberFormat();
     if (Line.Mode == ERunMode::Picture) Options.StoreFile = PackageFolder() / "no-such-store";  // the sample alone
     return Options;
 }
@@ -62,6 +72,7 @@ TWorkstationOptions OptionsOf(const TCommandLine& Line) {
 void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line) {
     if (!Line.Language.empty()) Workstation.SetLanguage(LanguageIndexOf(Line.Language).value_or(kLanguageEnglish));
     if (!Line.Skin.empty()) Workstation.SetSkin(Line.Skin);
+    if (!Line.NumberFormat.empty()) Workstation.SetNumberFormat(Line.NumberFormat);
 }
 
 void FixPictureClock() { fw::TClock::Fix(kPictureDay + kPictureHour); }

@@ -17,7 +17,7 @@ std::string StartUpText(const std::string& Key, const std::vector<std::string>& 
 // headless job of a copy of the store.
 TWorkstationOptions OptionsOf(const TCommandLine& Line);
 
-// Language and skin of the command line.
+// Language, skin and number format of the command line.
 void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line);
 
 // The moment at which the picture of the window is taken.

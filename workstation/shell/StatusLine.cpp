@@ -7,7 +7,7 @@
 namespace ws {
 
 namespace {
-constexpr int kRefusalMilliseconds = 6000;
+constexpr int kSaidMilliseconds = 6000;
 constexpr int kProblemLetters = 110;
 }  // namespace
 
@@ -18,6 +18,7 @@ TStatusLine::TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidge
       FHint(new QLabel(this)),
       FProblem(new QToolButton(this)) {
     FHint->setTextFormat(Qt::PlainText);
+    FHint->setMinimumWidth(1);  // a long sentence is cut, the window keeps its width
     FHint->setContentsMargins(Context.Scaled(6), 0, Context.Scaled(6), 0);
     FProblem->setAutoRaise(true);
     FProblem->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -34,20 +35,19 @@ TStatusLine::TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidge
 
 void TStatusLine::ShowHint(const char* Key) {
     FHintKey = Key;
-    const char* Shown = FRefusalKey ? FRefusalKey : FHintKey;
-    const QString Text = Shown ? FContext.Translate(Shown) : QString();
-    if (FHint->text() != Text) FHint->setText(Text);
+    const QString Text = FSaid ? FSaid() : FHintKey ? FContext.Translate(FHintKey) : QString();
+    if (FHint->text() != Text) FHint->setText(Text), FHint->setToolTip(Text);
 }
 
-void TStatusLine::ShowRefusal(const char* Key) {
-    FRefusalKey = Key;
+void TStatusLine::Say(TSentence Sentence) {
+    FSaid = std::move(Sentence);
     QFont Bold = font();
     Bold.setBold(true);
     FHint->setFont(Bold);
     ShowHint(FHintKey);
-    QTimer::singleShot(kRefusalMilliseconds, this, [this, Round = ++FRefusalRound] {
-        if (Round != FRefusalRound) return;
-        FRefusalKey = nullptr;
+    QTimer::singleShot(kSaidMilliseconds, this, [this, Round = ++FSaidRound] {
+        if (Round != FSaidRound) return;
+        FSaid = nullptr;
         FHint->setFont(font());
         ShowHint(FHintKey);
     });

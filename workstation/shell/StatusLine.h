@@ -9,15 +9,16 @@
 
 namespace ws {
 
-// What is missing to go on, and the newest warning or error; a click on that opens the messages.
+// What is missing to go on, what just happened, and the newest warning or error; a click on that opens the messages.
 class TStatusLine : public QStatusBar {
 public:
     TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidget* Parent);
 
     // Resource key; null: nothing is missing.
     void ShowHint(const char* Key);
-    // Stands for some seconds before the hint comes back.
-    void ShowRefusal(const char* Key);
+    // Stands for some seconds before the hint comes back. A sentence that is made anew with the language.
+    using TSentence = std::function<QString()>;
+    void Say(TSentence Sentence);
     void Retranslate();
     QString Hint() const { return FHint->text(); }
     QString Problem() const { return FProblem->text(); }
@@ -32,8 +33,8 @@ private:
     QLabel* FHint;
     QToolButton* FProblem;
     const char* FHintKey = nullptr;
-    const char* FRefusalKey = nullptr;
-    int FRefusalRound = 0;
+    TSentence FSaid;  // none: the hint stands
+    int FSaidRound = 0;
     fw::TConnections FLinks;
 };
 

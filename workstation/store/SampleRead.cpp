@@ -8,6 +8,7 @@
 
 #include "workstation/store/SampleDefinition.h"
 #include "workstation/store/SampleLine.h"
+#include "workstation/store/SamplePriceSteps.h"
 
 namespace ws {
 namespace {
@@ -16,7 +17,6 @@ constexpr double kHuge = 1e12;
 constexpr int kFarthestMonth = 60;
 constexpr long long kMostStrikes = 2000;  // of one ladder; more is a typing error
 
-const std::string kShortCode = "ShortCode";
 const std::string kWeekly = "WeeklyOptionExp";
 
 class TSampleReader {
@@ -167,20 +167,9 @@ void TSampleReader::ReadOrderOptions() {
 }
 
 void TSampleReader::ReadPriceSteps() {
-    std::set<std::string> Seen;
-    Each("price-steps.csv", {"Code", "Kind", "From", "Step"}, [&](TSampleLine& Line) {
-        TSpreadBandRow Row;
-        Row.Code = Line.Required("Code");
-        Row.Kind = Line.OptionalWhole("Kind", 1, 1, 9);
-        Row.Lower = Line.Number("From", -kHuge, kHuge);
-        Row.Step = Line.Number("Step", 1e-9, kHuge);
-        if (!First(Line, Seen, Row.Code + " " + Line.Text("From"))) return;
-        FStepCodes.insert(Row.Code);
-        FSample.Market.SpreadBands.push_back(std::move(Row));
-    });
-    std::stable_sort(
-        FSample.Market.SpreadBands.begin(), FSample.Market.SpreadBands.end(),
-        [](const auto& A, const auto& B) { return std::tie(A.Code, A.Lower) < std::tie(B.Code, B.Lower); });
+    TSamplePriceSteps Steps = ws::ReadPriceSteps(FFolder, FProblems);
+    FSample.Market.SpreadBands = std::move(Steps.Bands);
+    FStepCodes = std::move(Steps.Codes);
 }
 
 void TSampleReader::ReadSeries() {
@@ -216,7 +205,7 @@ void TSampleReader::ReadContractCells(TSampleLine& Line, TContractLine& Contract
         P.Currency = Series->Currency;
     Contract.Months = Line.WholeList("Months", 0, kFarthestMonth);
     P.LotSize = Line.Text("LotSize");
-    Line.OptionalNumber("LotSize", 1e-9, kHuge);
+    Line.OptionalNumber("LotSize", 0, kHuge);
     P.SpreadCode = Known(Line, "PriceSteps", FStepCodes, true);
     P.Multiplier = Line.OptionalNumber("Multiplier", 1e-9, kHuge);
     P.DisplayFactor = Line.OptionalNumber("DisplayFactor", 1e-9, kHuge);
@@ -270,7 +259,7 @@ void TSampleReader::AddContracts(TSampleLine& Line, TContractLine Contract) {
         if (FTypedCodes.contains(Product.Symbol) || !Typed.insert(Product.Symbol).second)
             return Line.Fail(kLineTwice, {Product.Symbol});
         Symbols.insert(Product.Symbol);
-        const auto Code = Product.Attributes.find(kShortCode);
+        const auto Code = Product.Attributes.find(kAttributeShortCode);
         if (Code == Product.Attributes.end()) continue;
         if (FTypedCodes.contains(Code->second) || !Typed.insert(Code->second).second)
             return Line.Fail(kLineTwice, {Code->second});

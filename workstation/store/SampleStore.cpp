@@ -12,9 +12,9 @@ namespace ws {
 namespace {
 
 void TellProblems(const TSampleMarket& Sample, const std::filesystem::path& Folder, TSampleOutcome& Outcome) {
-    if (Sample.Empty()) Outcome.Notices.push_back({kSampleMissing, {Folder.string()}});
+    if (Sample.Empty()) Outcome.Notices.push_back({kSampleMissing, {Folder.string()}, true});
     for (const auto& Problem : Sample.Problems()) {
-        TStoreNotice Notice{Problem.Key, {Problem.File, std::to_string(Problem.Line)}};
+        TStoreNotice Notice{Problem.Key, {Problem.File, std::to_string(Problem.Line)}, true};
         Notice.Args.insert(Notice.Args.end(), Problem.Args.begin(), Problem.Args.end());
         Outcome.Notices.push_back(std::move(Notice));
     }
@@ -50,6 +50,11 @@ void RemoveSample(TStoreTransaction& Write, const TStore& Store) {
         if (!Imported.contains(Exchange.Code)) Write.RemoveExchange(Exchange.Code);
     for (const auto& Series : Held.Series)
         if (!Series.Imported) Write.RemoveSeries(Series.Exchange, Series.Code);
+    std::set<std::string> ImportedSteps;
+    for (const auto& Product : Held.Products)
+        if (Imported.contains(Product.Exchange)) ImportedSteps.insert(Product.SpreadCode);
+    for (const auto& Band : Held.SpreadBands)
+        if (!ImportedSteps.contains(Band.Code)) Write.RemoveSpreadTable(Band.Code);
     Write.RemoveSampleSymbols();
     Write.RemoveTrading();
 }

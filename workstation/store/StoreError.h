@@ -13,6 +13,7 @@ namespace ws {
 struct TStoreNotice {
     std::string Key;                // "Res_..."
     std::vector<std::string> Args;  // for %1, %2, ... of the key's text
+    bool Warning = false;           // something was left out or is not as it should be
 };
 
 // The store cannot do what was asked. Every text of such a key names the file (%1) and says what to do.

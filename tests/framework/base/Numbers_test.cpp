@@ -201,9 +201,9 @@ TEST(FloatToText, GroupsThousands) {
         {0.12345678, "0.12345678"},
         {1e15, "1,000,000,000,000,000"},
     };
-    for (const auto& [Value, Expected] : Cases) EXPECT_EQ(GroupedText(Value), Expected);
+    for (const auto& [Value, Expected] : Cases) EXPECT_EQ(FloatToText(Value, 8, true), Expected);
     EXPECT_EQ(FloatToText(1234.5, 2, true, 2), "1,234.50");
-    EXPECT_EQ(GroupedText(kNaN), "nan");
+    EXPECT_EQ(FloatToText(kNaN, 8, true), "nan");
 }
 
 TEST(GroupedTextToFloat, ReadsGroupsOfThree) {
@@ -288,7 +288,7 @@ protected:
 TEST(Numbers, CareForNoLocale) {
     const std::locale Former = std::locale::global(std::locale(std::locale(), new TContinental));
     EXPECT_EQ(PriceKey(1234.5), "1234.5");
-    EXPECT_EQ(GroupedText(1234.5), "1,234.5");
+    EXPECT_EQ(FloatToText(1234.5, 8, true), "1,234.5");
     EXPECT_EQ(FloatToShortestText(1234.5), "1234.5");
     EXPECT_EQ(TextToFloat("1234.5"), 1234.5);
     EXPECT_EQ(TextToFloat("1234,5"), std::nullopt);

@@ -134,9 +134,9 @@ TEST_F(GridEditingTest, TypedNumbersFollowTheRulesInEveryFloatColumn) {
         bool Refused;
     };
     const TCase Cases[] = {
-        {"250", 250.0, false},   {"1,000", 1000.0, false}, {"", Variant(), false},
-        {" ", Variant(), false}, {"nan", 42.0, true},      {"inf", 42.0, true},
-        {"1e999", 42.0, true},   {"many", 42.0, true},     {"12,3", 42.0, true},
+        {"250", 250.0, false},   {"1,000.0", 1000.0, false}, {"", Variant(), false},
+        {" ", Variant(), false}, {"nan", 42.0, true},        {"inf", 42.0, true},
+        {"1e999", 42.0, true},   {"many", 42.0, true},       {"12,3,4", 42.0, true},
     };
     for (int Column : {static_cast<int>(kPremium), static_cast<int>(kQuantity), static_cast<int>(kStrike)}) {
         for (const auto& c : Cases) {

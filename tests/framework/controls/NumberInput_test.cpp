@@ -19,11 +19,12 @@ TEST(ReadNumber, TakesFiniteNumbersWithinTheBounds) {
         {"", Variant()}, {"   ", Variant()}, {"0", 0.0},  {"-10", -10.0},  {"1,234.5", 1234.5},
         {" 7 ", 7.0},    {"1e2", 100.0},     {"nan", {}}, {"inf", {}},     {"-infinity", {}},
         {"1e999", {}},   {"-1e999", {}},     {"ten", {}}, {"1 2", {}},     {"0x10", {}},
-        {"1.2.3", {}},   {"12,34", {}},      {"-11", {}}, {"2000.01", {}}, {"2000", 2000.0},
+        {"1.2.3", {}},   {"12,34", 12.34},   {"-11", {}}, {"2000.01", {}}, {"2000", 2000.0},
     };
     for (const auto& c : Cases) {
         SCOPED_TRACE(c.Typed);
-        const auto Read = ReadNumber(c.Typed, -10.0, 2000.0);
+        const auto Read =
+            ReadNumber(c.Typed, {-10.0, 2000.0}, [](double Value) { return FormatNumber(Value, 8, true); }).Value;
         EXPECT_EQ(Read, c.Read);
     }
 }
@@ -55,7 +56,7 @@ TEST(StepNumber, MovesByIncrementsWithinTheBounds) {
     };
     for (const auto& c : Cases) {
         SCOPED_TRACE(c.Why);
-        EXPECT_EQ(StepNumber(c.From, c.Steps, c.Increment, c.Min, c.Max), c.Result);
+        EXPECT_EQ(StepNumber(c.From, c.Steps, c.Increment, {c.Min, c.Max}), c.Result);
     }
 }
 

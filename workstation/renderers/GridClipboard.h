@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace ws {
+
+// A table whose rows go to and come from the clipboard; menus find it among the parents of the focused widget.
+class TGridClipboard {
+public:
+    virtual ~TGridClipboard() = default;
+    virtual void CopyRows() = 0;
+    virtual void PasteRows() {}  // tables that only show take none
+};
+
+}  // namespace ws
