@@ -13,9 +13,9 @@ namespace ws::test {
 class TPlainFormatter : public fw::TCustomFormatter {
 public:
     fw::Text FormatValue(double Value, uint8_t Kind, const fw::Text&, bool, void*) override {
-        return Kind == fw::kFormatAmount ? fw::FloatToText(Value, 2, true, 2) : fw::GroupedText(Value);
+        return Kind == fw::kFormatAmount ? fw::FloatToText(Value, 2, true, 2) : fw::FloatToText(Value, 8, true);
     }
-    fw::Text FormatPrice(double Value, uint8_t, bool) override { return fw::GroupedText(Value); }
+    fw::Text FormatPrice(double Value, uint8_t, bool) override { return fw::FloatToText(Value, 8, true); }
 };
 
 // Steps of Step from 0.

@@ -59,7 +59,7 @@ TBatchDialog::TBatchDialog(TBatchReview& Review, fw::TCustomDataControl& Table, 
     connect(&FJudgeLater, &QTimer::timeout, this, [this] { Guarded([this] { Judge(); }); });
     FLinks += Context.OnSkinChanged.Connect([this] { Guarded([this] { Update(); }); });
     Retranslate();
-    (FReview.HasWarning() || !FReview.CanSend() ? FCancel : FSend)->setFocus();
+    (FReview.HasWarning() || !FReview.CanSend() ? FCancel : FSend)->setFocus(Qt::TabFocusReason);
 }
 
 void TBatchDialog::BuildLayout() {
@@ -134,7 +134,7 @@ void TBatchDialog::Update() {
     Colors.setColor(QPalette::WindowText, FContext.Color("coWarning"));
     FBanner->setPalette(Colors);
     FTotals->setText(Totals());
-    if (FSend->hasFocus() && (FReview.HasWarning() || !FReview.CanSend())) FCancel->setFocus();
+    if (FSend->hasFocus() && (FReview.HasWarning() || !FReview.CanSend())) FCancel->setFocus(Qt::TabFocusReason);
     FSend->setEnabled(FReview.CanSend() && !FFailure);
     UpdateDetails();
 }

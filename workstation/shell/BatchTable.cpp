@@ -205,7 +205,6 @@ TBatchView::TBatchView(TBatchTable& Model, const TRenderContext& Context, QWidge
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
-    setAlternatingRowColors(true);
     setWordWrap(false);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + Context.Scaled(kRowPadding));
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);

@@ -180,7 +180,7 @@ TVerdict FarInPercent(const TOrderCase& C) {
     if (Last == 0.0 || C.Order.Price == 0.0) return {};
     const double Percent = std::abs(C.Order.Price - Last) / std::abs(Last) * 100.0;
     if (!IsAbove(Percent, C.Limits.LastPercent)) return {};
-    return TReason{"Res_WarnFar", {fw::FloatToText(Percent, 1), PriceText(C, Last)}};
+    return TReason{"Res_WarnFar", {QtyText(C, std::round(Percent * 10) / 10), PriceText(C, Last)}};
 }
 
 // Counted in the step that holds at the last price.
