@@ -47,6 +47,8 @@ public:
 
     // May replace the text that the grid would show.
     std::function<void(TGridColumn& Column, int Record, Text& Shown)> OnGetDisplayText;
+    // May replace the tool tip of a cell, which is "" or, with the view's cell hints on, the cell's own text.
+    std::function<void(TGridColumn& Column, int Record, Text& Hint)> OnGetHint;
     // May choose other properties for one row; Properties comes in as the column's own.
     std::function<void(TGridColumn& Column, int Row, TcxEditProperties*& Properties)> OnGetProperties;
 

@@ -25,7 +25,7 @@ Variant TGridDataController::GetValue(int Record, int Column) const {
     if (TCustomDataControl* Control = FView.GetDataControl()) {
         const int Attribute = FView.GetColumn(Column)->Tag;
         return DispatchValue(FView.EventName("GetValue"), Variant(),
-                             [&] { return Control->GetValue(Record, Attribute); });
+                             [&] { return Control->GetValue(FView.GetDataRecord(Record), Attribute); });
     }
     const auto& Row = FCells[static_cast<size_t>(Record)];
     return static_cast<size_t>(Column) < Row.size() ? Row[static_cast<size_t>(Column)] : Variant();

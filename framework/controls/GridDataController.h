@@ -10,8 +10,8 @@ namespace fw {
 
 class TGridTableView;
 
-// Cells of an unbound table view. Row equals record: the framework's grids neither sort nor filter. Columns are
-// positions among the view's columns. Reads out of range give null, writes out of range do nothing.
+// Cells of an unbound table view. A record is a place in the table, also where a bound view is sorted. Columns
+// are positions among the view's columns. Reads out of range give null, writes out of range do nothing.
 class FRAMEWORK_API TGridDataController : public TObject {
 public:
     explicit TGridDataController(TGridTableView& View) : FView(View) {}

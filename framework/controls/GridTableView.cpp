@@ -6,7 +6,7 @@
 
 namespace fw {
 
-TGridTableView::TGridTableView() : FData(*this) {
+TGridTableView::TGridTableView() : FData(*this), FSelection(*this) {
     FFormatLinks += NumberFormatChanging().Connect([this] { PostEditor(); });
     FFormatLinks += NumberFormatChanged().Connect([this] {
         if (FEditor) FEditor->Doubt();
@@ -25,6 +25,8 @@ void TGridTableView::EndUpdate() {
 
 void TGridTableView::ClearColumns() {
     CancelEdit();
+    FSortedBy = nullptr;
+    FOrder.Clear();
     FColumns.clear();
     for (auto& Row : FData.FCells) Row.clear();
     MoveFocus(FFocusedRecord, -1);
@@ -69,6 +71,8 @@ void TGridTableView::SetCustomDataSource(TCustomGridDataSource* Source) {
     if (TCustomDataControl* Control = GetDataControl())
         FSourceLinks += Control->OnChanged.Connect([this] { SourceChanged(); });
     MoveFocus(-1, FFocusedColumn);
+    FSelection.Clear();
+    SortRecords();
     RecordsChanged();
 }
 
@@ -80,7 +84,7 @@ Text TGridTableView::GetCellText(int Record, int Column) {
     Text Result;
     if (TCustomDataControl* Control = GetDataControl()) {
         Result = DispatchValue(EventName("GetDisplayValue"), Text(),
-                               [&] { return Control->GetDisplayValue(Record, Shown.Tag); });
+                               [&] { return Control->GetDisplayValue(GetDataRecord(Record), Shown.Tag); });
     } else if (const Variant Value = FData.GetValue(Record, Column); Value.IsNull()) {
         const TcxEditProperties* Properties = GetCellProperties(Record, Column);
         if (Properties) Result = Properties->NullText;
@@ -177,6 +181,8 @@ void TGridTableView::RecordCountChanged(int Count) {
 }
 
 void TGridTableView::SourceChanged() {
+    SortRecords();
+    FSelection.Follow();
     RecordsChanged();
     const int Count = FData.GetRecordCount();
     if (FFocusedRecord >= Count) MoveFocus(Count - 1, FFocusedColumn);

@@ -6,6 +6,8 @@
 #include "framework/controls/CellEditor.h"
 #include "framework/controls/Control.h"
 #include "framework/controls/GridDataController.h"
+#include "framework/controls/GridOrder.h"
+#include "framework/controls/GridSelection.h"
 #include "framework/controls/Style.h"
 #include "framework/data/GridDataSource.h"
 
@@ -48,12 +50,27 @@ public:
     void SetCustomDataSource(TCustomGridDataSource* Source);
     TCustomDataControl* GetDataControl() const;  // null when unbound
 
+    // Sorting of a bound view. The next order of a column with Sorting on: ascending, descending, as the data come;
+    // that of any other column ends. Records are places from then on: kept sorted while the data change, and the
+    // selection goes along.
+    void SortBy(int Column);
+    int GetSortedColumn() const;  // -1: as the data come
+    ESortOrder GetSortOrder() const { return FSortOrder; }
+    int GetDataRecord(int Record) const { return FOrder.RecordAt(Record); }  // of the data control
+
+    // Of a bound view.
+    TGridSelection& GetSelection() { return FSelection; }
+    const TGridSelection& GetSelection() const { return FSelection; }
+    // The user asks for what stands behind the current record of the selection: a double click, the Enter key.
+    void Activate();
+
     // What a cell shows: the data's text (or the properties' null text; bound: the data control's display value), then
     // the column's OnGetDisplayText. Out of range: "".
     Text GetCellText(int Record, int Column);
     // What the cell would show if it held Value. Nothing is written and nobody told.
     Text GetPreviewText(int Record, int Column, const Variant& Value);
     TStyle* GetCellStyle(int Record, int Column);  // null: default
+    Text GetCellHint(int Record, int Column);      // "": none
     TcxEditProperties* GetCellProperties(int Record, int Column);
 
     // Focus; -1 none. Moving to another cell posts the open editor first, and does not move when a validation error
@@ -89,6 +106,7 @@ public:
     std::function<void(TGridTableView& View, TGridColumn& Column, TCellEditor& Editor, int& Key, int Shift)>
         OnEditKeyDown;
     std::function<TStyle*(int Row, TGridColumn& Column)> OnGetContentStyle;
+    std::function<void(TGridTableView& View, int Record)> OnActivate;
 
     // Signals for renderers.
     TSignal<> OnColumnsChanged;
@@ -115,6 +133,7 @@ private:
     void RecordDeleted(int Record);
     void RecordCountChanged(int Count);
     void SourceChanged();
+    void SortRecords();
     void MoveFocus(int Record, int Column);  // tells when it moved; posts nothing
     bool HasCell(int Record, int Column) const;
     bool AskEditing(TGridColumn& Column);
@@ -132,6 +151,10 @@ private:
     bool FPosting = false;
     Text FErrorText;
     int FFocusedRecord = -1, FFocusedColumn = -1;
+    TGridOrder FOrder;
+    const TGridColumn* FSortedBy = nullptr;  // of FColumns
+    ESortOrder FSortOrder = ESortOrder::None;
+    TGridSelection FSelection;
     int FUpdating = 0;
     bool FColumnsDirty = false, FRecordsDirty = false;
 };

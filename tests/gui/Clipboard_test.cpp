@@ -71,18 +71,18 @@ TEST_F(ClipboardTest, SelectedRowsOfTheLongTableAreCopiedElseAll) {
     Press(Qt::Key_Down);
     Press(Qt::Key_Down, Qt::ShiftModifier);
     Press(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_EQ(Detail().GetFirstSelected(), 1);
-    EXPECT_EQ(Detail().GetLastSelected(), 3);
+    EXPECT_EQ(Frame.Detail.GetSelection().GetFirst(), 1);
+    EXPECT_EQ(Frame.Detail.GetSelection().GetLast(), 3);
     Press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(Text(), "\t\n1\t-9\n2\t-8\n3\t-7\n");
     Press(Qt::Key_Up);
-    EXPECT_EQ(Detail().GetFirstSelected(), 2);
-    EXPECT_EQ(Detail().GetLastSelected(), 2);
+    EXPECT_EQ(Frame.Detail.GetSelection().GetFirst(), 2);
+    EXPECT_EQ(Frame.Detail.GetSelection().GetLast(), 2);
     Press(Qt::Key_A, Qt::ControlModifier);
     Press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(Text().count('\n'), 21);
     Fill(3);
-    EXPECT_EQ(Detail().GetFirstSelected(), -1) << "rows that are gone are not selected";
+    EXPECT_EQ(Frame.Detail.GetSelection().GetFirst(), -1) << "rows that are gone are not selected";
 }
 
 TEST_F(ClipboardTest, TheMouseSelectsWithShift) {
@@ -94,8 +94,8 @@ TEST_F(ClipboardTest, TheMouseSelectsWithShift) {
     };
     Click(3, {});
     Click(1, Qt::ShiftModifier);
-    EXPECT_EQ(Detail().GetFirstSelected(), 1);
-    EXPECT_EQ(Detail().GetLastSelected(), 3);
+    EXPECT_EQ(Frame.Detail.GetSelection().GetFirst(), 1);
+    EXPECT_EQ(Frame.Detail.GetSelection().GetLast(), 3);
     EXPECT_EQ(Detail().GetCurrentRow(), 1);
 }
 

@@ -8,6 +8,7 @@
 #include <QToolTip>
 
 #include "workstation/renderers/ColumnWidths.h"
+#include "workstation/renderers/QtText.h"
 #include "workstation/renderers/WindowedGridRenderer.h"
 
 namespace ws {
@@ -19,23 +20,15 @@ constexpr int kRowsPerNotch = 3;
 
 void TWindowedGridRenderer::SetCurrent(int64_t Row, bool Extend) {
     if (GetRowCount() == 0) return;
-    FCurrent = static_cast<int>(std::clamp<int64_t>(Row, 0, GetRowCount() - 1));
-    if (!Extend || FAnchor < 0) FAnchor = FCurrent;
-    ScrollTo(FCurrent);
-    viewport()->update();
-}
-
-void TWindowedGridRenderer::SelectAll() {
-    if (GetRowCount() == 0) return;
-    FAnchor = 0;
-    FCurrent = GetRowCount() - 1;
-    viewport()->update();
+    FView->GetSelection().Select(static_cast<int>(std::clamp<int64_t>(Row, 0, GetRowCount() - 1)), Extend);
+    ScrollTo(GetCurrentRow());
 }
 
 void TWindowedGridRenderer::CopyRows() {
     if (!FView || !FContext.OnCopyRows) return;
-    const bool None = FCurrent < 0;
-    FContext.OnCopyRows(*FView.Get(), None ? 0 : GetFirstSelected(), None ? GetRowCount() - 1 : GetLastSelected());
+    const fw::TGridSelection& Selection = FView->GetSelection();
+    const bool None = Selection.IsEmpty();
+    FContext.OnCopyRows(*FView.Get(), None ? 0 : Selection.GetFirst(), None ? GetRowCount() - 1 : Selection.GetLast());
 }
 
 int TWindowedGridRenderer::ColumnAt(int X) const {
@@ -47,14 +40,27 @@ int TWindowedGridRenderer::ColumnAt(int X) const {
     return -1;
 }
 
+QRect TWindowedGridRenderer::HeaderRect(int Column) const {
+    const auto Widths = ColumnWidths(*FView.Get(), FContext, viewport()->width());
+    int X = 0;
+    for (int i = 0; i < Column; ++i) X += Widths[static_cast<size_t>(i)];
+    return {X, 0, Widths[static_cast<size_t>(Column)], HeaderHeight()};
+}
+
+QRect TWindowedGridRenderer::CellRect(int Row, int Column) const {
+    const QRect Header = HeaderRect(Column);
+    return {Header.left(), HeaderHeight() + (Row - GetTopRow()) * RowHeight(), Header.width(), RowHeight()};
+}
+
 bool TWindowedGridRenderer::viewportEvent(QEvent* Event) {
     if (Event->type() != QEvent::ToolTip || !FView) return QAbstractScrollArea::viewportEvent(Event);
     const auto* Help = static_cast<QHelpEvent*>(Event);
     const int Row = RowAt(Help->pos().y()), Column = ColumnAt(Help->pos().x());
-    if (FView->Options.CellHints && Row >= 0 && Column >= 0)
-        QToolTip::showText(Help->globalPos(), CellText(Row, Column), viewport());
-    else
+    const QString Hint = ToQt(FView->GetCellHint(Row, Column));
+    if (Hint.isEmpty())
         QToolTip::hideText();
+    else
+        QToolTip::showText(Help->globalPos(), Hint, viewport());
     return true;
 }
 
@@ -70,16 +76,20 @@ void TWindowedGridRenderer::changeEvent(QEvent* Event) {
 
 void TWindowedGridRenderer::keyPressEvent(QKeyEvent* Event) {
     if (Event->matches(QKeySequence::Copy)) return CopyRows();
-    if (Event->matches(QKeySequence::SelectAll)) return SelectAll();
-    const int64_t Page = GetFullRows(), From = std::max(FCurrent, 0);
+    if (!FView) return;
+    if (Event->matches(QKeySequence::SelectAll)) return FView->GetSelection().SelectAll();
+    const int Current = GetCurrentRow();
+    const int64_t Page = GetFullRows(), From = std::max(Current, 0);
     const bool Extend = Event->modifiers() & Qt::ShiftModifier;
     switch (Event->key()) {
-        case Qt::Key_Up: return SetCurrent(FCurrent < 0 ? GetTopRow() : From - 1, Extend);
-        case Qt::Key_Down: return SetCurrent(FCurrent < 0 ? GetTopRow() : From + 1, Extend);
+        case Qt::Key_Up: return SetCurrent(Current < 0 ? GetTopRow() : From - 1, Extend);
+        case Qt::Key_Down: return SetCurrent(Current < 0 ? GetTopRow() : From + 1, Extend);
         case Qt::Key_PageUp: return SetCurrent(From - Page, Extend);
         case Qt::Key_PageDown: return SetCurrent(From + Page, Extend);
         case Qt::Key_Home: return SetCurrent(0, Extend);
         case Qt::Key_End: return SetCurrent(static_cast<int64_t>(GetRowCount()) - 1, Extend);
+        case Qt::Key_Return:
+        case Qt::Key_Enter: return FView->Activate();
         default: QAbstractScrollArea::keyPressEvent(Event);
     }
 }
@@ -94,8 +104,22 @@ void TWindowedGridRenderer::wheelEvent(QWheelEvent* Event) {
 }
 
 void TWindowedGridRenderer::mousePressEvent(QMouseEvent* Event) {
+    if (!FView) return;
+    const QPoint At = Event->position().toPoint();
+    if (At.y() < HeaderHeight()) {
+        if (Event->button() == Qt::LeftButton) FView->SortBy(ColumnAt(At.x()));
+        return;
+    }
     const bool Extend = Event->modifiers() & Qt::ShiftModifier;
-    if (const int Row = RowAt(Event->position().toPoint().y()); Row >= 0) SetCurrent(Row, Extend);
+    if (const int Row = RowAt(At.y()); Row >= 0) SetCurrent(Row, Extend);
+}
+
+// Not the row under the mouse: rows may have come since the first of both clicks chose one.
+void TWindowedGridRenderer::mouseDoubleClickEvent(QMouseEvent* Event) {
+    if (!FView) return;
+    const int Y = Event->position().toPoint().y();
+    if (Y < HeaderHeight()) return mousePressEvent(Event);
+    if (Event->button() == Qt::LeftButton && RowAt(Y) >= 0) FView->Activate();
 }
 
 }  // namespace ws

@@ -50,6 +50,7 @@ TWindowedGridRenderer::TWindowedGridRenderer(fw::TGridTableView& View, TRenderCo
     FLinks += View.OnRecordsChanged.Connect([this] { Reload(); });
     FLinks += View.OnColumnsChanged.Connect(Redraw);
     FLinks += View.OnRepaint.Connect(Redraw);
+    FLinks += View.GetSelection().OnChanged.Connect(Redraw);
     FLinks += View.OnCellChanged.Connect([Redraw](int, int) { Redraw(); });
     FLinks += View.OnModelChanged.Connect([this] {
         setEnabled(FView->IsEnabled());
@@ -82,7 +83,6 @@ void TWindowedGridRenderer::UpdateScrollBar() {
 }
 
 void TWindowedGridRenderer::Reload() {
-    if (GetLastSelected() >= GetRowCount()) FCurrent = FAnchor = -1;
     UpdateScrollBar();
     viewport()->update();
 }
@@ -110,7 +110,8 @@ void TWindowedGridRenderer::PaintHeader(QPainter& Painter, const std::vector<int
         const fw::TGridColumn& Column = *FView->GetColumn(static_cast<int>(i));
         const QRect Cell(X, 0, Widths[i], HeaderHeight());
         X += Widths[i];
-        const QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
+        QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
+        PaintArrow(Painter, Room, static_cast<int>(i));
         const QString Caption = ToQt(Column.GetCaption());
         const bool Right = Column.ValueType == fw::EValueType::Float && Column.HeaderAlignment == fw::EAlignment::Left;
         Painter.setPen(FContext.Color("coHeaderText"));
@@ -126,11 +127,28 @@ void TWindowedGridRenderer::PaintHeader(QPainter& Painter, const std::vector<int
     Painter.drawLine(Bar.bottomLeft(), Bar.bottomRight());
 }
 
+// Behind the caption of the column that the table is sorted by: up for ascending.
+void TWindowedGridRenderer::PaintArrow(QPainter& Painter, QRect& Room, int Column) const {
+    if (FView->GetSortedColumn() != Column) return;
+    const int Side = fontMetrics().ascent() * 2 / 3;
+    const QRect Box(Room.right() - Side, Room.center().y() - Side / 2, Side, Side);
+    DrawSign(Painter, Box, FView->GetSortOrder() == fw::ESortOrder::Ascending ? 1 : -1, FContext.Color("coAccent"));
+    Room.setRight(Box.left() - 2);
+}
+
 void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const {
     const fw::TGridColumn& Each = *FView->GetColumn(Column);
     QRect Room = Cell.adjusted(kPadding, 0, -kPadding, 0);
     QColor Ink = palette().color(QPalette::Text);
-    const QColor Background = IsSelected(Row) ? FContext.Color("coSelectedRow") : palette().color(QPalette::Base);
+    QColor Background = palette().color(QPalette::Base);
+    const fw::TStyle* Style = FView->GetCellStyle(Row, Column);
+    if (Style && Style->TextColor) Ink = ToQColor(*Style->TextColor);
+    if (FView->GetSelection().Contains(Row)) {
+        Background = FContext.Color("coSelectedRow");
+    } else if (Style && Style->Filled) {
+        Background = ToQColor(Style->GetColor());
+        Painter.fillRect(Cell, Background);
+    }
     if (Each.Tag == fw::kColumnProfitLoss) {
         const double Value = fw::DispatchValue<double>(
             "GetValue", 0.0, [&] { return FView->GetDataController().GetValue(Row, Column).AsFloat(0.0); });
@@ -147,13 +165,17 @@ void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, co
                                                                      : fw::EAlignment::Left;
     const QString Text = CellText(Row, Column);
     Painter.setPen(ReadableOn(Background, Ink));
+    QFont Font = font();
+    Font.setBold(Style && Style->Bold);
+    Painter.setFont(Font);
     Painter.drawText(
         Room, static_cast<int>(ToQtAlignment(Alignment)) | Qt::TextSingleLine,
-        FView->Options.CellEndEllipsis ? fontMetrics().elidedText(Text, Qt::ElideRight, Room.width()) : Text);
+        FView->Options.CellEndEllipsis ? Painter.fontMetrics().elidedText(Text, Qt::ElideRight, Room.width()) : Text);
+    Painter.setFont(font());
 }
 
 void TWindowedGridRenderer::PaintRow(QPainter& Painter, int Row, int Y, const std::vector<int>& Widths) const {
-    if (IsSelected(Row))
+    if (FView->GetSelection().Contains(Row))
         Painter.fillRect(QRect(0, Y, viewport()->width(), RowHeight()), FContext.Color("coSelectedRow"));
     int X = 0;
     for (size_t i = 0; i < Widths.size(); ++i) {
@@ -166,7 +188,7 @@ void TWindowedGridRenderer::PaintRow(QPainter& Painter, int Row, int Y, const st
     }
     Painter.setPen(FContext.Color("coGridLine"));
     Painter.drawLine(0, Y + RowHeight() - 1, viewport()->width(), Y + RowHeight() - 1);
-    if (Row == FCurrent && hasFocus()) {
+    if (Row == GetCurrentRow() && hasFocus()) {
         Painter.setPen(FContext.Color("coAccent"));
         Painter.drawRect(0, Y, viewport()->width() - 1, RowHeight() - 2);
     }

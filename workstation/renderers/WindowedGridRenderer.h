@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <algorithm>
 #include <vector>
 
 #include <QAbstractScrollArea>
@@ -14,8 +13,8 @@
 namespace ws {
 
 // A read-only table over a data control with any number of rows up to 2^31 - 1: only the visible rows are asked for,
-// and nothing is kept for the others. The scroll bar counts rows, not pixels. The selected rows lie between the current
-// one and the one where selecting began.
+// and nothing is kept for the others. The scroll bar counts rows, not pixels. A click on the caption of a column sorts
+// by it where the view allows that.
 class TWindowedGridRenderer : public QAbstractScrollArea, public TGridClipboard {
 public:
     TWindowedGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent);
@@ -24,10 +23,9 @@ public:
     int GetTopRow() const;
     int GetFullRows() const;  // rows that are wholly visible
     int RowAt(int Y) const;   // row at a height of the viewport; -1 none
-    int GetCurrentRow() const { return FCurrent; }
-    int GetFirstSelected() const { return std::min(FAnchor, FCurrent); }  // -1 none
-    int GetLastSelected() const { return std::max(FAnchor, FCurrent); }
-    void SelectAll();
+    int GetCurrentRow() const { return FView ? FView->GetSelection().GetCurrent() : -1; }
+    QRect HeaderRect(int Column) const;  // in the viewport; empty for a hidden column
+    QRect CellRect(int Row, int Column) const;
     void CopyRows() override;  // every row where none is selected
     void ScrollTo(int Row);
 
@@ -38,6 +36,7 @@ protected:
     void keyPressEvent(QKeyEvent* Event) override;
     void wheelEvent(QWheelEvent* Event) override;
     void mousePressEvent(QMouseEvent* Event) override;
+    void mouseDoubleClickEvent(QMouseEvent* Event) override;
     void changeEvent(QEvent* Event) override;
 
 private:
@@ -50,13 +49,12 @@ private:
     void PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const;
     QString CellText(int Row, int Column) const;
     int ColumnAt(int X) const;
+    void PaintArrow(QPainter& Painter, QRect& Room, int Column) const;
     void SetCurrent(int64_t Row, bool Extend);
-    bool IsSelected(int Row) const { return Row >= GetFirstSelected() && Row <= GetLastSelected(); }
 
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;
     fw::TConnections FLinks;
-    int FCurrent = -1, FAnchor = -1;  // both none or both a row
     int FWheelRest = 0;
 };
 

@@ -47,6 +47,7 @@ public:
 
     void Add(int Record) {
         if (!FView.GetDataControl() && !fw::HasContent(FView, Record)) return;  // the empty input row
+        if (const auto& Selected = FView.GetSelection(); !Selected.IsEmpty() && !Selected.Contains(Record)) return;
         Append(FTabsText, FTabs.Record(Record));
         Append(FHtmlText, FHtml.Record(Record));
         ++FCount;
