@@ -9,6 +9,7 @@
 
 #include "workstation/renderers/ChartRenderer.h"
 #include "workstation/renderers/QtText.h"
+#include "workstation/shell/Icons.h"
 #include "workstation/shell/MainWindow.h"
 
 namespace ws {
@@ -66,8 +67,10 @@ void TMainWindow::AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes) {
             AddNodes(*Menu.addMenu(MenuText(Node.Caption)), Node.Children);
             continue;
         }
-        connect(Menu.addAction(MenuText(Node.Caption)), &QAction::triggered, this,
-                [this, View = Node.View] { FDocks->Open(*View); });
+        QAction* Entry = Menu.addAction(MenuText(Node.Caption));
+        fw::Text Icon;
+        if (Node.View->GetViewIcon(0, Icon)) Entry->setIcon(SkinIcon(ToQt(Icon), FContext.Color("coAccent")));
+        connect(Entry, &QAction::triggered, this, [this, View = Node.View] { FDocks->Open(*View); });
     }
 }
 

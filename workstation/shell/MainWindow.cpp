@@ -12,6 +12,7 @@
 #include "workstation/shell/ImportFlow.h"
 #include "workstation/shell/MissingHint.h"
 #include "workstation/shell/SkinPalette.h"
+#include "workstation/views/TradingViews.h"
 
 namespace ws {
 
@@ -40,7 +41,8 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
               [this](const fw::TSelectedMarket& M) { return FWorkstation.UnderlyingOf(M.Exchange, M.Series); }),
       FConfirmation(
           {Workstation.OrderFacts(), Workstation.OrderService(), Workstation.OrderActions(), Workstation.Language()},
-          Context, this) {
+          Context, this),
+      FTrading(Workstation, Context, *FDialogs, *this) {
     const auto Sentence = [this](const fw::TLogEntry& Entry) {
         return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
     };
@@ -54,6 +56,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     resize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()));
     FDocks = std::make_unique<TViewDocks>(*this, FCatalog, Context, *FDialogs);
     FDocks->IsHeld = [this] { return FConfirmation.IsOpen(); };
+    FTrading.SetPlaces(FStatus, FDocks.get());
     FStatus->OnProblemClicked = [this] {
         FPanel->show();
         FPanel->raise();
@@ -81,7 +84,10 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     // Work of the services waits for the loop; the tick drives market and views.
     FWorkstation.SetOnWork([this] { PumpLater(); });
     PumpLater();
-    connect(&FTick, &QTimer::timeout, this, [this] { FWorkstation.Tick(); });
+    connect(&FTick, &QTimer::timeout, this, [this] {
+        FWorkstation.Tick();
+        FTrading.Tick();
+    });
     FTick.start(kTimerPeriodMs);
     connect(&FRunTimer, &QTimer::timeout, this, [this] { PollRun(); });
     connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
@@ -97,6 +103,7 @@ TMainWindow::~TMainWindow() {
     FTick.stop();
     FRun.reset();
     FDocks->CloseAll();
+    FTrading.SetPlaces(nullptr, nullptr);
     FClipboard.reset();
     FDocks.reset();
     FWorkstation.SetOnWork({});
@@ -121,9 +128,12 @@ void TMainWindow::ReloadViews() {
 
 // --- views
 
+// The workstation's own views take no strategy: what is opened by itself is a package's.
 fw::TIBaseView* TMainWindow::FirstVisibleView() const {
     for (const auto& View : FCatalog.Views())
-        if (fw::DispatchValue("GetIsVisible", false, [&] { return View->GetIsVisible(); })) return View.get();
+        if (!dynamic_cast<TTradingView*>(View.get()) &&
+            fw::DispatchValue("GetIsVisible", false, [&] { return View->GetIsVisible(); }))
+            return View.get();
     return nullptr;
 }
 

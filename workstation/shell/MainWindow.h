@@ -15,6 +15,7 @@
 #include "workstation/shell/MessagesPanel.h"
 #include "workstation/shell/StatusLine.h"
 #include "workstation/shell/SymbolPopups.h"
+#include "workstation/shell/TradingFlow.h"
 #include "workstation/shell/ViewCatalog.h"
 #include "workstation/shell/ViewDocks.h"
 
@@ -75,6 +76,7 @@ private:
     std::unique_ptr<TDialogs> FDialogs;
     TSymbolPopups FPopups;
     TBatchConfirmation FConfirmation;
+    TTradingFlow FTrading;
     TViewCatalog FCatalog;
     TMessageList* FMessages;
     TMessagesPanel* FPanel;

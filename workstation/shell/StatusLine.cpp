@@ -35,7 +35,20 @@ TStatusLine::TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidge
 
 void TStatusLine::ShowHint(const char* Key) {
     FHintKey = Key;
-    const QString Text = FSaid ? FSaid() : FHintKey ? FContext.Translate(FHintKey) : QString();
+    UpdateHint();
+}
+
+void TStatusLine::ShowProgress(const QString& Text) {
+    if (Text == FProgress) return;
+    FProgress = Text;
+    UpdateHint();
+}
+
+void TStatusLine::UpdateHint() {
+    const QString Text = FSaid                  ? FSaid()
+                         : !FProgress.isEmpty() ? FProgress
+                         : FHintKey             ? FContext.Translate(FHintKey)
+                                                : QString();
     if (FHint->text() != Text) FHint->setText(Text), FHint->setToolTip(Text);
 }
 

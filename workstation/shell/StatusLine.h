@@ -9,7 +9,8 @@
 
 namespace ws {
 
-// What is missing to go on, what just happened, and the newest warning or error; a click on that opens the messages.
+// What is missing to go on, how far a batch of orders is, what just happened, and the newest warning or error; a click
+// on that opens the messages.
 class TStatusLine : public QStatusBar {
 public:
     TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidget* Parent);
@@ -19,6 +20,8 @@ public:
     // Stands for some seconds before the hint comes back. A sentence that is made anew with the language.
     using TSentence = std::function<QString()>;
     void Say(TSentence Sentence);
+    // In the hint's place until it ends with an empty text; what is said stands before it.
+    void ShowProgress(const QString& Text);
     void Retranslate();
     QString Hint() const { return FHint->text(); }
     QString Problem() const { return FProblem->text(); }
@@ -26,6 +29,7 @@ public:
     std::function<void()> OnProblemClicked;
 
 private:
+    void UpdateHint();
     void UpdateProblem();
 
     TMessageList& FMessages;
@@ -33,7 +37,8 @@ private:
     QLabel* FHint;
     QToolButton* FProblem;
     const char* FHintKey = nullptr;
-    TSentence FSaid;  // none: the hint stands
+    TSentence FSaid;  // none: the progress or the hint stands
+    QString FProgress;
     int FSaidRound = 0;
     fw::TConnections FLinks;
 };

@@ -25,7 +25,7 @@ TViewDocks::TViewDocks(QMainWindow& Window, TViewCatalog& Catalog, TRenderContex
     });
     QObject::connect(qApp, &QApplication::focusChanged, FGuard.get(), [this](QWidget*, QWidget* Now) {
         for (TViewDock* Dock : FDocks)
-            if (Now && Dock->isAncestorOf(Now)) FLast = Dock;
+            if (Now && Dock->isAncestorOf(Now)) Use(*Dock);
     });
 }
 
@@ -53,7 +53,7 @@ TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
     FWindow.addDockWidget(Qt::TopDockWidgetArea, Dock);
     if (Beside && !Beside->isFloating()) FWindow.tabifyDockWidget(Beside, Dock);
     FDocks.push_back(Dock);
-    FLast = Dock;
+    Use(*Dock);
     Dock->show();
     Dock->raise();
     View.ActiveView(Handle);
@@ -76,7 +76,7 @@ void TViewDocks::CloseLater(TViewDock& Dock) {
 void TViewDocks::Close(TViewDock& Dock) {
     if (fw::TFrame* Frame = Dock.Frame()) OnFrameGoes(*Frame);
     std::erase(FDocks, &Dock);
-    if (FLast == &Dock) FLast = FDocks.empty() ? nullptr : FDocks.back();
+    std::erase(FUsed, &Dock);
     delete &Dock;
     OnChanged();
 }
@@ -91,7 +91,17 @@ TViewDock* TViewDocks::DockOf(const fw::TFrame& Frame) const {
     return nullptr;
 }
 
-TViewDock* TViewDocks::Current() const { return FLast; }
+TViewDock* TViewDocks::Current() const { return FUsed.empty() ? nullptr : FUsed.front(); }
+
+TViewDock* TViewDocks::LastUsed(const std::function<bool(TViewDock&)>& Fits) const {
+    const auto Found = std::find_if(FUsed.begin(), FUsed.end(), [&](TViewDock* Dock) { return Fits(*Dock); });
+    return Found == FUsed.end() ? nullptr : *Found;
+}
+
+void TViewDocks::Use(TViewDock& Dock) {
+    std::erase(FUsed, &Dock);
+    FUsed.insert(FUsed.begin(), &Dock);
+}
 
 void TViewDocks::SetLanguage(int Language) {
     for (TViewDock* Dock : FDocks) {

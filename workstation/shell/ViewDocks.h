@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -29,6 +30,8 @@ public:
     TViewDock* DockOf(const fw::TFrame& Frame) const;
     // The dock with the focus, else the one that was used last; null without any.
     TViewDock* Current() const;
+    // Of those that fit the one that was used last; null: none.
+    TViewDock* LastUsed(const std::function<bool(TViewDock& Dock)>& Fits) const;
 
     void SetLanguage(int Language);
 
@@ -37,6 +40,7 @@ public:
     fw::TSignal<fw::TFrame&> OnFrameGoes;  // before an instance is destroyed
 
 private:
+    void Use(TViewDock& Dock);
     void Close(TViewDock& Dock);
 
     QMainWindow& FWindow;
@@ -44,7 +48,7 @@ private:
     TRenderContext& FContext;
     TDialogs& FDialogs;
     std::vector<TViewDock*> FDocks;  // in order of opening; children of the window
-    TViewDock* FLast = nullptr;
+    std::vector<TViewDock*> FUsed;   // the same, the one that was used last first
     fw::TConnection FNotifyLink;
     std::unique_ptr<QObject> FGuard;  // ends what waits in the loop
 };
