@@ -131,9 +131,9 @@ void TWindowedGridRenderer::PaintHeader(QPainter& Painter, const std::vector<int
 void TWindowedGridRenderer::PaintArrow(QPainter& Painter, QRect& Room, int Column) const {
     if (FView->GetSortedColumn() != Column) return;
     const int Side = fontMetrics().ascent() * 2 / 3;
-    const QRect Box(Room.right() - Side, Room.center().y() - Side / 2, Side, Side);
-    DrawSign(Painter, Box, FView->GetSortOrder() == fw::ESortOrder::Ascending ? 1 : -1, FContext.Color("coAccent"));
-    Room.setRight(Box.left() - 2);
+    const QRect Arrow(Room.right() - Side, Room.center().y() - Side / 2, Side, Side);
+    DrawSign(Painter, Arrow, FView->GetSortOrder() == fw::ESortOrder::Ascending ? 1 : -1, FContext.Color("coAccent"));
+    Room.setRight(Arrow.left() - 2);
 }
 
 void TWindowedGridRenderer::PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const {
