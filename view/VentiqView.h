@@ -34,6 +34,8 @@ public:
     bool SetLanguage(int LanguageId) override;
     bool SetGroupID(const Text& GroupId) override;
     bool GetGroupID(Text& GroupId) override;
+    Text GetLayoutData() override { return FLayoutData.GetLayoutData(); }
+    bool SetLayoutData(const Text& Data) override { return FLayoutData.SetLayoutData(Data); }
     bool SetCustomData(int Kind, TObject* Data) override { return FOrderPush.SetCustomData(Kind, Data); }
     TCaptionButtonList* GetViewCaptionButtons() override { return FCaptionButtons.GetList(); }
     TImageList* GetViewCaptionButtonImageList() override { return &FForm.CaptionImages; }
@@ -75,7 +77,7 @@ private:
     TVentiqOrderPush FOrderPush{FForm, FContext, FSelectors};
     TVentiqOrderCollector FOrderCollector{FForm, FContext, FFlags};
     TVentiqResultNote FResultNote{FForm, FContext, *this};
-    TVentiqLayoutData FLayoutData{FForm, FPositionGrid};
+    TVentiqLayoutData FLayoutData{FForm, FPositionGrid, FSelectors, FCaptionButtons, *this};
 };
 
 // The unit has nothing to initialise; it only counts.
