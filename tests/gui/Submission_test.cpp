@@ -1,57 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the Submit button of the real package to the order system, on the sample market in memory.
-#include <gtest/gtest.h>
+#include "tests/gui/MainWindowTest.h"
 
 #include <QApplication>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 
-#include "framework/base/Clock.h"
 #include "framework/data/ColumnIds.h"
-#include "tests/gui/FakeDialogs.h"
 #include "workstation/shell/BatchDialog.h"
-#include "workstation/shell/MainWindow.h"
-#include "workstation/shell/PackageLoader.h"
 
 namespace gui {
 
-namespace fs = std::filesystem;
-
-class SubmissionTest : public testing::Test {
+class SubmissionTest : public MainWindowTest {
 protected:
     SubmissionTest() {
-        fw::TClock::Fix(std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + std::chrono::hours(4));
-        Folder = fs::temp_directory_path() / ("submission-" + std::to_string(::getpid()));
-        fs::create_directories(Folder);
-        ws::TWorkstationOptions Options;
-        Options.StoreFile = Folder / "none.db";
-        Options.InMemory = true;
-        Options.SampleFolder = TEST_SAMPLE_FOLDER;
-        Workstation = std::make_unique<ws::TWorkstation>(Options);
-        Context.SetSkin("Light");
-        auto Given = std::make_unique<TFakeDialogs>(Context);
-        Dialogs = Given.get();
-        Window = std::make_unique<ws::TMainWindow>(*Workstation, Context, std::move(Given));
-        EXPECT_TRUE(ws::LoadPackage(TEST_PACKAGE));
-        Window->ReloadViews();
-        Window->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(Window.get()));
-        Window->PlayFirstStart();  // an iron condor of four legs for account A100
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !Window->IsPlaying(); }, 12000));
+        PlayFirstStart();  // an iron condor of four legs for account A100
     }
-    ~SubmissionTest() override {
-        Window.reset();
-        Workstation.reset();
-        fs::remove_all(Folder);
-        fw::TClock::Fix({});
-    }
-
-    void ClickSubmit() {
-        for (auto* Each : Window->Docks().Current()->findChildren<QPushButton*>())
-            if (Each->text() == "Submit") return QTest::mouseClick(Each, Qt::LeftButton);
-        throw std::runtime_error("no such button");
-    }
+    void ClickSubmit() { Click("Submit"); }
     // Submits and lets InDialog act on the confirmation; whether there was one.
     bool Submit(const std::function<void(ws::TBatchDialog&)>& InDialog) {
         bool Opened = false;
@@ -68,12 +33,6 @@ protected:
     static void Press(int Key, Qt::KeyboardModifiers Modifiers = {}) {
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(Key), Modifiers);
     }
-
-    fs::path Folder;
-    std::unique_ptr<ws::TWorkstation> Workstation;
-    ws::TRenderContext Context;
-    TFakeDialogs* Dialogs = nullptr;
-    std::unique_ptr<ws::TMainWindow> Window;
 };
 
 TEST_F(SubmissionTest, WhatIsTickedReachesTheOrderSystemOnce) {
