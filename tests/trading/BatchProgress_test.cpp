@@ -93,6 +93,15 @@ TEST(BatchProgress, SaysHowFarEveryLegIs) {
     }
 }
 
+TEST(BatchProgress, OfManyRefusedLegsTheFirstEightAreNamed) {
+    TBatchProgress Progress;
+    for (int Place = 1; Place <= 9; ++Place) {
+        Progress.Take(Leg(Place, Rejected, 9));
+        EXPECT_EQ(Progress.Sentence().Args[3].find("\u2026") != std::string::npos, Place > 8) << Place;
+    }
+    EXPECT_EQ(Progress.Sentence().Args[3], "1, 2, 3, 4, 5, 6, 7, 8, \u2026");
+}
+
 TEST(BatchProgress, CountsTheOrdersOfItsBatchOnly) {
     std::deque<TOrderRow> Orders{Leg(1, Filled), Leg(2, Accepted), Leg(3, Filled)};
     Orders[2].BatchId = "b2";

@@ -34,6 +34,8 @@ public:
     using TTimePoint = std::chrono::system_clock::time_point;
 
     TQuoteWalk(const TMarketSet& Market, std::uint64_t Seed, TTimePoint StartUtc);
+    TQuoteWalk(const TQuoteWalk&) = delete;  // its contracts point into its own lists
+    TQuoteWalk& operator=(const TQuoteWalk&) = delete;
 
     // Another market in place of the old one, e.g. after an import: underlyings that it shares with the old one go on
     // where they stand, watched symbols stay watched.

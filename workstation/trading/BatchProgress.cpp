@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::chrono::seconds kShownAfterAnswer{10};
 constexpr std::chrono::seconds kPatience{60};
+constexpr int kNamedLegs = 8;  // in one sentence; the rest stands row by row in Orders
 
 bool IsTaken(const TOrderRow& Order) {
     constexpr std::array kTaken{EOrderState::Accepted, EOrderState::PartlyFilled, EOrderState::Filled,
@@ -52,13 +53,15 @@ TReason TBatchProgress::Sentence() const {
     TReason Result{"Res_BatchProgress", {std::to_string(Taken), std::to_string(FSize), std::to_string(Filled)}};
     for (const TProblem& Problem : kProblems) {
         std::string Places;
+        int Named = 0;
         const TReason* Reason = nullptr;
         for (const auto& [Place, Leg] : FLegs) {
             if (Leg.State != Problem.State) continue;
-            Places += (Places.empty() ? "" : ", ") + std::to_string(Place);
+            if (++Named <= kNamedLegs) Places += (Places.empty() ? "" : ", ") + std::to_string(Place);
             if (!Reason) Reason = &Leg.Reason;
         }
         if (!Reason) continue;
+        if (Named > kNamedLegs) Places += ", \u2026";
         Result.Key = Problem.Key;
         Result.Args.push_back(Places);
         Result.Args.push_back(Reason->Key.empty() ? "Res_OrderNoReason" : Reason->Key);
