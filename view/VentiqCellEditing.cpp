@@ -107,11 +107,11 @@ void TVentiqCellEditing::PositionGridViewEditKeyDown(TGridTableView&, TGridColum
 void TVentiqCellEditing::QuantityChange(TObject* Sender) {
     auto* Editor = dynamic_cast<TCellEditor*>(Sender);
     const bool Spun = FQtyArrowKey || !FQtyKeyTyped;
+    FQtyKeyTyped = false;
     if (Spun && !FQtyUpdating && Editor && Editor->IsSpin()) {
         FQtyArrowKey = false;
         CutQuantity(*Editor);
     }
-    FQtyKeyTyped = false;
 }
 
 void TVentiqCellEditing::CutQuantity(TCellEditor& Editor) {

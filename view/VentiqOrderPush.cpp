@@ -4,6 +4,7 @@
 #include "engine/VentiqMarketData.h"
 #include "framework/services/SubscribeAdapter.h"
 #include "registration/VentiqConstDef.h"
+#include "view/VentiqSymbolText.h"
 
 namespace ventiq {
 
@@ -15,14 +16,6 @@ void Select(TComboBox& Combo, const TStringList& Codes, const Text& Code) {
     if (Codes.GetCount() == 0 || Code.empty()) return;
     const int Index = Codes.IndexOf(Code);
     if (Index >= 0 && Index < Combo.GetCount()) Combo.SetItemIndex(Index);
-}
-
-// Weekly symbols of the one exchange that tags its weeks end in W and two characters: "...W25", the last but one of
-// which is the tens digit of a day.
-Text WeeklyTagOfTail(const Text& Tail) {
-    if (Tail.size() < 3) return {};
-    const Text Tag = Tail.substr(Tail.size() - 3);
-    return Tag[0] == 'W' && Tag[1] >= '0' && Tag[1] <= '3' ? Tag : Text();
 }
 
 }  // namespace
@@ -57,10 +50,7 @@ TVentiqOrderPush::TInstrument TVentiqOrderPush::InstrumentByData(const Text& Sym
                        Item->GetFieldText(kFieldExpiry),
                        {},
                        false};
-    if (Symbol.find(Result.Series) == Text::npos) return Result;
-    Text Tail = Symbol.substr(std::min(Result.Series.size(), Symbol.size()));
-    if (const auto Slash = Tail.find('/'); Slash != Text::npos && Slash > 0) Tail.resize(Slash);
-    if (SameText(Result.Exchange, kWeeklyExchange)) Result.WeeklyTag = WeeklyTagOfTail(Tail);
+    if (SameText(Result.Exchange, kWeeklyExchange)) Result.WeeklyTag = WeeklyTagOfSymbol(Symbol, Result.Series);
     return Result;
 }
 

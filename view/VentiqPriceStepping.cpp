@@ -10,7 +10,7 @@ namespace {
 constexpr int kUp = 1;
 constexpr int kDown = -1;
 
-// The price beyond an edge that was crossed, or beyond the last price while the premium stays in its band.
+// The valid price beside the last one, on the side of the change.
 double SnapWithinBand(const TPriceMove& Move) {
     if (!Move.LastPrice) return Move.Price;
     if (Move.Price - *Move.LastPrice > kStepTolerance) return Move.Bands->SnapPrice(*Move.LastPrice, kUp);

@@ -334,6 +334,18 @@ TEST_F(BatchDialogTest, WhatIsBlockedAtTheLastMomentIsNotSent) {
     }));
 }
 
+TEST_F(BatchDialogTest, AWarningOfTheLastMomentIsReadBeforeAnythingIsSent) {
+    Add("HSI26400L6", 0, 2);
+    EXPECT_TRUE(Ask([&](ws::TBatchDialog& Dialog) {
+        Facts.Contracts["HSI26400L6"].Stale = true;
+        Press(Qt::Key_Return, Qt::ControlModifier);
+        ASSERT_TRUE(Dialog.isVisible()) << "the trader looks again";
+        EXPECT_EQ(Ticks(Dialog), "x");
+        Press(Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_FALSE(Dialog.isVisible()) << "and sends what was read";
+    }));
+}
+
 TEST_F(BatchDialogTest, FlagsAreShownWhereThereAreSome) {
     Add("HSI26400L6", 0, 2);
     auto& Order = Add("HSI27000L6", 0, 2);

@@ -27,6 +27,22 @@ TEST(LoopQueue, RunsInOrderAndLeavesNewWorkForTheNextRound) {
     EXPECT_EQ(Woken, 3);
 }
 
+TEST(LoopQueue, ATaskWithALoopOfItsOwnHoldsNobodyBack) {
+    TLoopQueue Queue;
+    std::vector<int> Ran;
+    Queue.Post([&] {
+        Queue.Post([&] { Ran.push_back(3); });
+        EXPECT_EQ(Queue.Pump(), 2);
+        Ran.push_back(1);
+        Queue.Post([&] { Ran.push_back(4); });
+    });
+    Queue.Post([&] { Ran.push_back(2); });
+    EXPECT_EQ(Queue.Pump(), 1) << "the others have run, and what came since waits";
+    EXPECT_EQ(Ran, (std::vector<int>{2, 3, 1}));
+    Queue.Pump();
+    EXPECT_EQ(Ran.back(), 4);
+}
+
 TEST(LoopQueue, ATaskThatThrowsDoesNotStopTheOthers) {
     TLoopQueue Queue;
     bool Ran = false;

@@ -98,6 +98,18 @@ protected:
                                  [this](std::function<void()> Task) { Posted.push_back(std::move(Task)); }}};
 };
 
+TEST_F(OrderActionService, AnOrderThatCannotBeCheckedAnyMoreIsNamedAndTheOthersGo) {
+    const auto Orders = Batch(2);
+    Service.Confirmed(Rows(Orders, "xx"));
+    Facts.Throws = true;
+    Service.TakeAction(nullptr, *Orders[0], 1, true);
+    Facts.Throws = false;
+    Service.TakeAction(nullptr, *Orders[1], 1, true);
+    EXPECT_EQ(Placed(), std::vector<std::string>{"C2 2/2"});
+    ASSERT_EQ(Shown.size(), 1u);
+    EXPECT_EQ(Shown[0], "Order 1 (C1) is not accepted: an error came up: no market");
+}
+
 }  // namespace
 
 TEST_F(OrderActionService, ARefusalNamesPlaceSymbolRuleAndValue) {

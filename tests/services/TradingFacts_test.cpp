@@ -56,10 +56,14 @@ protected:
     TProfileService Profile;
     TQuoteRow Quote;
     bool HasQuote = true;
-    TTradingFacts Facts{{Market, Profile, Config, [this](const std::string&) { return HasQuote ? &Quote : nullptr; },
+    TTradingFacts Facts{{Market,
+                         Profile,
+                         Config,
+                         [this](const std::string&) { return HasQuote ? &Quote : nullptr; },
                          [](const std::string& Account) {
                              return THeldQuantities{{Account, 1}};
-                         }}};
+                         },
+                         {}}};
 };
 
 }  // namespace
@@ -77,7 +81,7 @@ TEST_F(TradingFacts, AContractIsWhatTheMarketLists) {
     EXPECT_EQ(Contract.OrderOptions, (std::vector<std::string>{"Open", "RT"}));
     EXPECT_EQ(Contract.LastPrice, 100);
     EXPECT_FALSE(Of("NONE").Listed);
-    EXPECT_EQ(Of("SPX").LotSize, 0);
+    EXPECT_EQ(Of("SPX").LotSize, 1);
     EXPECT_EQ(Of("SPX").Multiplier, std::nullopt);
 }
 

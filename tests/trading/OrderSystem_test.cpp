@@ -296,4 +296,15 @@ TEST_F(TOrderSystemTest, WhatIsToldInOneRoundIsWrittenTogetherAndHeardOnce) {
 }
 
 }  // namespace
+TEST_F(TOrderSystemTest, AFillCountsOnTheDayOnWhichItWasTold) {
+    Start(true);
+    const auto Id = Orders->Place(Ticket(0, 5));
+    Gateway.Events->OrderFilled(Id, "E1", 2, 100);
+    Today = "2026/11/24";
+    RunPosted();
+    const auto Executions = Store->LoadExecutions();
+    ASSERT_EQ(Executions.size(), 1u);
+    EXPECT_EQ(Executions[0].Day, "2026/11/21");
+}
+
 }  // namespace ws::test

@@ -105,13 +105,5 @@ TEST_F(OrderPush, WithoutMarketListsOnlyTheAccountIsTaken) {
     EXPECT_EQ(Form.edtAccount.GetHint(), "A200");
 }
 
-TEST_F(OrderPush, ACodeBeyondTheCombosItemsIsNotSelected) {
-    Form.cmbExchange.ClearItems();
-    Form.cmbExchange.AddItem("only one");
-    const Text Before = Market();
-    PushSymbol("DEFC10");
-    EXPECT_EQ(Context.FMyDataControl->GetExchange(), Before.substr(0, 4));
-}
-
 }  // namespace
 }  // namespace ventiq

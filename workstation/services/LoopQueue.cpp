@@ -8,14 +8,19 @@
 namespace ws {
 
 void TLoopQueue::Post(std::function<void()> Task) {
-    FTasks.push_back(std::move(Task));
+    FTasks.emplace_back(FNext++, std::move(Task));
     if (OnPosted) OnPosted();
 }
 
+// One at a time: a task that runs a loop of its own (a message box) does not hold back the tasks behind it.
 int TLoopQueue::Pump() {
-    auto Round = std::exchange(FTasks, {});
-    for (auto& Task : Round) fw::Dispatch("loop", Task);
-    return static_cast<int>(Round.size());
+    int Count = 0;
+    for (const std::uint64_t End = FNext; !FTasks.empty() && FTasks.front().first < End; ++Count) {
+        const auto Task = std::move(FTasks.front().second);
+        FTasks.pop_front();
+        fw::Dispatch("loop", Task);
+    }
+    return Count;
 }
 
 }  // namespace ws

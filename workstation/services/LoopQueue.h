@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
+#include <utility>
 
 namespace ws {
 
@@ -18,7 +20,8 @@ public:
     std::function<void()> OnPosted;
 
 private:
-    std::deque<std::function<void()>> FTasks;
+    std::deque<std::pair<std::uint64_t, std::function<void()>>> FTasks;  // numbered as posted
+    std::uint64_t FNext = 0;
 };
 
 }  // namespace ws

@@ -37,24 +37,23 @@ void TOrderActionService::Tell(const char* Key, std::vector<std::string> Args) {
 }
 
 std::optional<TReason> TOrderActionService::RefusalOf(const TOrderTicket& Order) {
-    if (!FRound) FRound = TRound{FFacts.Trader(), FFacts.Limits()};
-    const auto Contract = FFacts.Contract(Order.Symbol, FRound->Limits);
-    auto Refusal =
-        FindRefusal({Order, Contract, FRound->Trader, FRound->Limits, 0.0, 0.0, fw::TCustomFormatter::GetInstance()});
-    return Refusal ? std::optional(std::move(Refusal->Reason)) : std::nullopt;
+    try {
+        if (!FRound) FRound = TRound{FFacts.Trader(), FFacts.Limits()};
+        const auto Contract = FFacts.Contract(Order.Symbol, FRound->Limits);
+        auto Refusal = FindRefusal(
+            {Order, Contract, FRound->Trader, FRound->Limits, 0.0, 0.0, fw::TCustomFormatter::GetInstance()});
+        return Refusal ? std::optional(std::move(Refusal->Reason)) : std::nullopt;
+    } catch (const std::exception& Error) {
+        return TReason{"Res_RefuseFailed", {Error.what()}};
+    }
 }
 
 bool TOrderActionService::CheckOrder(fw::TCustomClientOrder& Order, int Action, bool Flag) {
     FCheckedPlace = Order.GetLineId() == FLastChecked + 1 ? FCheckedPlace + 1 : 1;
     FLastChecked = Order.GetLineId();
     if (FCheckedPlace == 1) FRound.reset();
-    std::optional<TReason> Refusal;
-    try {
-        Refusal =
-            Action == kActionNew ? RefusalOf(TicketOf(Order)) : TReason{"Res_RefuseAction", {std::to_string(Action)}};
-    } catch (const std::exception& Error) {
-        Refusal = TReason{"Res_RefuseFailed", {Error.what()}};
-    }
+    const std::optional<TReason> Refusal =
+        Action == kActionNew ? RefusalOf(TicketOf(Order)) : TReason{"Res_RefuseAction", {std::to_string(Action)}};
     if (!Refusal) return true;
     FLastChecked = -1;  // whatever is checked next is the first of another batch
     if (Flag) Tell("Res_OrderRefused", Together({std::to_string(FCheckedPlace), Order.GetSymbol()}, *Refusal));
@@ -102,23 +101,23 @@ void TOrderActionService::TakeAction(fw::TObject*, fw::TCustomClientOrder& Order
 void TOrderActionService::Send() {
     FPosted = false;
     std::vector<TOrderTicket> Orders;
-    for (const auto& [Id, Each] : FShown)
-        if (Each.Waiting) Orders.push_back(Each.Ticket);
+    std::vector<int64_t> Lines;
+    // They wait no more before they are placed: nothing that runs meanwhile can place them once more.
+    for (auto& [Id, Each] : FShown) {
+        if (!std::exchange(Each.Waiting, false)) continue;
+        Orders.push_back(Each.Ticket);
+        Lines.push_back(Id);
+    }
     if (Orders.empty()) return;
-    const auto End = [this](bool Sent) {
-        for (auto& [Id, Each] : FShown)
-            if (std::exchange(Each.Waiting, false)) Each.Sent = Sent;
-    };
     try {
         FRoute.Place(Orders);
     } catch (const EStoreError& Error) {
-        End(false);
         return Stop({Error.Key(), Error.Args()});
     } catch (const std::exception& Error) {
-        End(false);
         return Stop({"Res_RefuseFailed", {Error.what()}});
     }
-    End(true);
+    for (const int64_t Line : Lines)
+        if (const auto It = FShown.find(Line); It != FShown.end()) It->second.Sent = true;
     if (!FLastSent || FLastSent->Orders.front().BatchId != FBatchId) FLastSent = TSentBatch{{}, NowMilliseconds()};
     FLastSent->Orders.insert(FLastSent->Orders.end(), Orders.begin(), Orders.end());
 }

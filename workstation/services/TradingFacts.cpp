@@ -10,19 +10,23 @@ namespace ws {
 
 namespace {
 
+constexpr double kNoLot = 1e-7;
+
 // The texts of a day and of a time order as the times do, and a day comes before every time of it.
-std::string TodayAt(const TExchangeRow& Exchange) {
+std::string TodayAt(const TExchangeRow& Exchange, fw::TClock::TTimePoint Now) {
     if (!Exchange.MarketDay.empty()) return Exchange.MarketDay;
-    return MarketDayText(MarketDayAt(fw::TClock::Now(), Exchange.UtcOffsetMinutes));
+    return MarketDayText(MarketDayAt(Now, Exchange.UtcOffsetMinutes));
 }
-std::string OldestFreshTime(const TExchangeRow& Exchange, double StaleSeconds) {
+std::string OldestFreshTime(const TExchangeRow& Exchange, fw::TClock::TTimePoint Now, double StaleSeconds) {
     if (!Exchange.MarketDay.empty()) return Exchange.MarketDay;
     const auto Age =
         std::chrono::duration_cast<fw::TClock::TTimePoint::duration>(std::chrono::duration<double>(StaleSeconds));
-    return MarketTimeText(fw::TClock::Now() - Age, Exchange.UtcOffsetMinutes);
+    return MarketTimeText(Now - Age, Exchange.UtcOffsetMinutes);
 }
 
 }  // namespace
+
+fw::TClock::TTimePoint TTradingFacts::Now() const { return FFrom.Now ? FFrom.Now() : fw::TClock::Now(); }
 
 TTraderFacts TTradingFacts::Trader() {
     const TUserRow& User = FFrom.Profile.User();
@@ -43,7 +47,8 @@ TContractFacts TTradingFacts::Contract(const std::string& Symbol, const TTrading
     Facts.Currency = Product->Currency;
     Facts.ProductType = Product->ProductType;
     Facts.ExpiryDate = Product->ExpiryDate;
-    Facts.LotSize = fw::TextToFloatDef(Product->LotSize, 0.0);
+    Facts.LotSize = fw::TextToFloatDef(Product->LotSize, 1.0);
+    if (Facts.LotSize < kNoLot) Facts.LotSize = 1.0;  // as the view counts it
     Facts.Multiplier = Product->Multiplier;
     Facts.Steps = FFrom.Market.GetSpreadTable(Product->SpreadCode);
     const TMarketSet& Market = FFrom.Market.Market();
@@ -52,7 +57,7 @@ TContractFacts TTradingFacts::Contract(const std::string& Symbol, const TTrading
 
     const auto Index = static_cast<size_t>(FFrom.Market.ExchangeIndex(Facts.Exchange));
     const TExchangeRow* Exchange = Index < Market.Exchanges.size() ? &Market.Exchanges[Index] : nullptr;
-    Facts.Expired = Exchange && MarketDayOf(Facts.ExpiryDate) && Facts.ExpiryDate < TodayAt(*Exchange);
+    Facts.Expired = Exchange && MarketDayOf(Facts.ExpiryDate) && Facts.ExpiryDate < TodayAt(*Exchange, Now());
     const TSeriesRow* Series = FFrom.Market.FindSeries(Facts.Exchange, Product->Series);
     TakePrice(Facts, Symbol, Exchange, Series && Series->Imported, Limits.StaleSeconds);
     return Facts;
@@ -64,7 +69,7 @@ void TTradingFacts::TakePrice(TContractFacts& Facts, const std::string& Symbol, 
     if (!Quote) return;
     Facts.LastPrice = ReferencePrice(*Quote, Imported);
     Facts.PriceTime = Quote->Time;
-    Facts.Stale = Exchange && StaleSeconds > 0 && Quote->Time < OldestFreshTime(*Exchange, StaleSeconds);
+    Facts.Stale = Exchange && StaleSeconds > 0 && Quote->Time < OldestFreshTime(*Exchange, Now(), StaleSeconds);
 }
 
 }  // namespace ws

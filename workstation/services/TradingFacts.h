@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "framework/base/Clock.h"
 #include "workstation/services/ConfigService.h"
 #include "workstation/services/MarketService.h"
 #include "workstation/services/ProfileService.h"
@@ -19,6 +20,7 @@ public:
         TConfigService& Config;
         std::function<const TQuoteRow*(const std::string& Symbol)> QuoteOf;  // null: no data have come
         std::function<THeldQuantities(const std::string& Account)> Held;
+        std::function<fw::TClock::TTimePoint()> Now;  // the clock of the quotes; empty: the process's
     };
     explicit TTradingFacts(TSources Sources) : FFrom(std::move(Sources)) {}
 
@@ -28,6 +30,7 @@ public:
     THeldQuantities Held(const std::string& Account) override { return FFrom.Held(Account); }
 
 private:
+    fw::TClock::TTimePoint Now() const;
     void TakePrice(TContractFacts& Facts, const std::string& Symbol, const TExchangeRow* Exchange, bool Imported,
                    double StaleSeconds) const;
     TSources FFrom;

@@ -145,7 +145,8 @@ private:
     std::unique_ptr<TPositionService> FPositions;
     TOrderService FOrders{FMarket, FLanguage};
     TTradingFacts FOrderFacts{{FMarket, FProfile, FConfig, [this](const auto& Symbol) { return QuoteOf(Symbol); },
-                               [this](const auto& Account) { return HeldOf(Account); }}};
+                               [this](const auto& Account) { return HeldOf(Account); },
+                               [this] { return FWalk->Now(); }}};
     TOrderActionService FOrderActions{FOrderFacts,
                                       FLanguage,
                                       {[this](const auto& Orders) { FOrderSystem->PlaceAll(Orders); },

@@ -16,8 +16,9 @@ namespace {
 // Prices of the batch's symbols come while the dialog is open.
 class TSubscriptions {
 public:
-    TSubscriptions(const std::set<std::string>& Symbols, const std::function<void()>& OnUpdate, fw::TObject& Owner)
-        : FOwner(Owner) {
+    explicit TSubscriptions(fw::TObject& Owner) : FOwner(Owner) {}
+    // What stands when it throws ends with the object.
+    void Begin(const std::set<std::string>& Symbols, const std::function<void()>& OnUpdate) {
         auto& Data = fw::TCustomSubscribeAdapter::GetInstance();
         for (const auto& Symbol : Symbols) {
             FItems.push_back(Data.GetSubItem(Symbol, fw::kPriceDataKind, 0));
@@ -96,8 +97,8 @@ bool TBatchConfirmation::Ask(fw::TCustomDataControl& Table) {
     TBatchDialog Dialog(Review, Table, FContext, Text, FParent);
     FDialog = &Dialog;
     const TAtEnd NoDialog([this] { FDialog = nullptr; });
-    const TSubscriptions Prices(
-        Review.Symbols(), [&Dialog] { Dialog.MarketMoved(); }, *this);
+    TSubscriptions Prices(*this);
+    Prices.Begin(Review.Symbols(), [&Dialog] { Dialog.MarketMoved(); });
     const bool Accepted = Dialog.exec() == QDialog::Accepted;
     if (Dialog.Failure()) throw std::runtime_error(*Dialog.Failure());
     FServices.Actions.Confirmed(Accepted ? Review.Rows() : std::vector<TReviewRow>());

@@ -113,13 +113,16 @@ void TBatchDialog::Judge() {
     Update();
 }
 
-// Once more with the facts of this moment: when that takes a tick away, the trader looks again.
+// Once more with the facts of this moment: when that takes a tick away or says something new, the trader looks again.
 void TBatchDialog::Send() {
     Guarded([this] {
         if (FFailure || !FReview.CanSend()) return;
         const int Ticked = FReview.Totals().Ticked;
+        const auto Said = FReview.Said();
         Judge();
-        if (FReview.Totals().Ticked == Ticked && !FFailure) accept();
+        const auto Now = FReview.Said();
+        const bool Seen = std::includes(Said.begin(), Said.end(), Now.begin(), Now.end());
+        if (FReview.Totals().Ticked == Ticked && Seen && !FFailure) accept();
     });
 }
 

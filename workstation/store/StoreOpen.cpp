@@ -207,6 +207,8 @@ TOpenedStore TStore::InMemoryCopyOf(const fs::path& File) {
                 SQLite::Database Copy(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
                 SQLite::Backup(Copy, Source).executeStep(-1);
                 UpgradeSchema(Copy);
+                Copy.exec(
+                    "UPDATE meta SET value = lower(hex(randomblob(4))) WHERE key = 'OrderTag'");  // ids of its own
                 Impl = std::make_unique<TImpl>(":memory:", std::move(Copy));
             }
         } catch (const TDamaged&) {

@@ -166,6 +166,15 @@ std::optional<TReason> TBatchReview::BatchWarning() const {
     return TReason{"Res_WarnSameBatch", {std::to_string(Age)}};
 }
 
+std::set<std::pair<int, ERule>> TBatchReview::Said() const {
+    std::set<std::pair<int, ERule>> Result;
+    for (size_t i = 0; i < FRows.size(); ++i)
+        for (const auto& Finding : FRows[i].Findings)
+            if (FRows[i].Ticked) Result.emplace(static_cast<int>(i), Finding.Rule);
+    if (BatchWarning()) Result.emplace(-1, ERule::RowKnown);
+    return Result;
+}
+
 bool TBatchReview::CanSend() const {
     return std::any_of(FRows.begin(), FRows.end(), [](const TReviewRow& Row) { return Row.Ticked; });
 }

@@ -59,6 +59,8 @@ public:
     bool CanSend() const;  // a row is ticked
     // A ticked row warns, a row is blocked, or the batch as a whole warns.
     bool HasWarning() const;
+    // What is said about the ticked rows, by row, and (row -1) of the batch: for telling whether there is more of it.
+    std::set<std::pair<int, ERule>> Said() const;
     // First finding of the order's row; none for other orders and for rows without.
     std::optional<TReason> RemarkOf(int64_t LineId) const;
 

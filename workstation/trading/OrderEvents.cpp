@@ -33,7 +33,11 @@ void TOrderSystem::OrderCancelled(const std::string& OrderId) {
 }
 
 void TOrderSystem::OrderFilled(const std::string& OrderId, const std::string& ExecutionId, double Qty, double Price) {
-    Take([this, Told = TFill{OrderId, ExecutionId, Qty, Price}] { Fill(Told); });
+    // Day and time of the trade, however late it can be written.
+    const auto* Row = Find(OrderId);
+    std::string Day;
+    if (Row) fw::Dispatch("market day", [&] { Day = DayOf(Row->Symbol); });
+    Take([this, Told = TFill{OrderId, ExecutionId, Qty, Price, Day, NowMs()}] { Fill(Told); });
 }
 
 // The acceptance may come behind what followed it.
@@ -75,9 +79,12 @@ void TOrderSystem::Fill(const TFill& Told) {
         Changed.Reason = {};
     }
     const TExecutionRow Execution{
-        Told.ExecutionId,   Row->Id, Row->Account, Row->Symbol, Row->Side == 0 ? Told.Qty : -Told.Qty, Told.Price,
-        DayOf(Row->Symbol), NowMs()};
-    if (!Write(std::move(Changed), &Execution)) return;
+        Told.ExecutionId, Row->Id,  Row->Account, Row->Symbol, Row->Side == 0 ? Told.Qty : -Told.Qty,
+        Told.Price,       Told.Day, Told.Time};
+    if (!Write(std::move(Changed), &Execution)) {
+        FRound->Behind = true;
+        return;
+    }
     if (Beyond)
         Log(fw::ELogLevel::Error, "Res_OrderFilledBeyond",
             {Row->Id, Row->Symbol, NumberText(Row->FilledQty), NumberText(Row->Qty), Price});
@@ -132,14 +139,16 @@ void TOrderSystem::Retry() {
             FRound.emplace(FStore);
             for (std::size_t i = 0; i < Count; ++i) FWaiting[i]();
             FRound->Transaction.Commit();
-        } catch (const EStoreError&) {
+        } catch (const std::exception&) {  // the store's, or whatever else: nothing of the round stands
             return KeepWaiting();
         }
         FWaiting.erase(FWaiting.begin(), FWaiting.begin() + static_cast<std::ptrdiff_t>(Count));
         if (FStalled) fw::TLog::Info("Res_OrderEventsWritten", {FStore.FileName()});
         FStalled = false;
+        const bool Behind = FRound->Behind;
         fw::Dispatch("order events", [this] { Tell(*FRound); });
         FRound.reset();
+        if (Behind) fw::Dispatch("order events", [this] { Reload(); });
     }
 }
 

@@ -86,7 +86,7 @@ std::vector<std::string> TOrderSystem::PlaceAll(const std::vector<TOrderTicket>&
     }
     for (const auto& Row : Rows) {
         const bool Sent = fw::Dispatch("send order", [&] { FGateway.Send(Row); });
-        OnOrderChanged(FOrders[FPlaces.at(Row.Id)]);
+        fw::Dispatch("order events", [&] { OnOrderChanged(FOrders[FPlaces.at(Row.Id)]); });
         if (!Sent) Take([this, Id = Row.Id] { End(Id, EOrderState::Unknown, {"Res_OrderSendFailed", {}}); });
     }
     return Ids;

@@ -75,6 +75,8 @@ private:
     struct TFill {
         std::string OrderId, ExecutionId;
         double Qty, Price;
+        std::string Day;
+        int64_t Time;
     };
     // The executions of one account and symbol, and what they add up to on a day.
     struct TBook {
@@ -92,6 +94,7 @@ private:
         std::vector<std::function<void()>> Undo;  // takes what memory shows back, last first
         std::set<std::size_t> Changed;            // of FOrders
         bool Holdings = false;
+        bool Behind = false;  // the store holds an execution that memory does not know
         std::vector<fw::TLogEntry> Log;
     };
 
