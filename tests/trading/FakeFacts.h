@@ -4,7 +4,7 @@
 #include "framework/base/Numbers.h"
 #include "framework/services/Formatter.h"
 #include "framework/services/ScopedService.h"
-#include "workstation/market/SpreadTable.h"
+#include "workstation/services/MarketRecords.h"
 #include "workstation/trading/OrderChecks.h"
 
 namespace ws::test {
@@ -19,20 +19,10 @@ public:
 };
 
 // Steps of Step from 0.
-class TEvenSteps : public fw::TCustomSpreadTable {
+class TEvenSteps : public TListedSpreadTable {
 public:
-    explicit TEvenSteps(double Step, int Kind = 1) : FTable({{"T", Kind, 0.0, Step}}) {}
-    int GetKind() const override { return FTable.Kind(); }
-    double SnapPrice(double Price, int Direction) const override { return FTable.SnapPrice(Price, Direction); }
-    double StepUp(double Price, double& Upper, double& Lower) const override {
-        return FTable.StepUp(Price, Upper, Lower);
-    }
-    double StepDown(double Price, double& Upper, double& Lower) const override {
-        return FTable.StepDown(Price, Upper, Lower);
-    }
-
-private:
-    TSpreadTable FTable;
+    explicit TEvenSteps(double Step, int Kind = 1)
+        : TListedSpreadTable(TSpreadTable(std::vector<TSpreadBandRow>{{"T", Kind, 0.0, Step}})) {}
 };
 
 // What tests write is what the checks know.

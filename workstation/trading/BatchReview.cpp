@@ -171,7 +171,7 @@ std::set<std::pair<int, ERule>> TBatchReview::Said() const {
     for (size_t i = 0; i < FRows.size(); ++i)
         for (const auto& Finding : FRows[i].Findings)
             if (FRows[i].Ticked) Result.emplace(static_cast<int>(i), Finding.Rule);
-    if (BatchWarning()) Result.emplace(-1, ERule::RowKnown);
+    if (BatchWarning()) Result.emplace(-1, ERule::AnotherBatch);
     return Result;
 }
 

@@ -44,7 +44,9 @@ enum class ERule {
     NoPrice,
     StalePrice,
     PositionAfter,
-    RowKnown,  // of the confirmation alone: the order behind a row is known
+    // Of the confirmation alone: the order behind a row is known; the batch is another than the one just sent.
+    RowKnown,
+    AnotherBatch,
 };
 
 struct TFinding {
