@@ -1,65 +1,179 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menus of the main window.
-#include <array>
+#include "workstation/shell/MainMenus.h"
 
-#include <QActionGroup>
-#include <QApplication>
+#include <algorithm>
+
 #include <QMenu>
 #include <QMenuBar>
 
-#include "workstation/renderers/ChartRenderer.h"
+#include "framework/base/Dispatch.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/shell/Icons.h"
-#include "workstation/shell/MainWindow.h"
 
 namespace ws {
 
 namespace {
 
-struct TNamedSkin {
-    const char* Skin;
-    const char* TextKey;
+// What stands in the menus, from left to right and top to bottom: a command's id, "-" a separator, "@" and the place
+// that a filler fills. A line with a submenu stands in that.
+struct TLine {
+    const char* Menu;
+    const char* Submenu;
+    const char* Item;
 };
-constexpr std::array kSkins{TNamedSkin{"Light", "Res_SkinLight"}, TNamedSkin{"Dark", "Res_SkinDark"}};
 
-// By language index.
-constexpr std::array kLanguages{"Res_LanguageEnglish", "Res_LanguageTraditional", "Res_LanguageSimplified"};
+constexpr char kFile[] = "Res_MenuFile", kEdit[] = "Res_MenuEdit", kStrategy[] = "Res_MenuStrategy",
+               kView[] = "Res_MenuView", kWorkspace[] = "Res_MenuWorkspace", kHelp[] = "Res_MenuHelp";
+constexpr char kStrategies[] = "Res_MenuStrategies", kUsers[] = "Res_MenuUser", kLanguages[] = "Res_MenuLanguage",
+               kSkins[] = "Res_MenuSkin", kWorkspaces[] = "Res_MenuWorkspaces";
+
+constexpr TLine kLines[] = {
+    {kFile, kStrategies, "strategy.open"},
+    {kFile, kStrategies, "strategy.save"},
+    {kFile, "", "-"},
+    {kFile, "", "file.import"},
+    {kFile, "", "file.reset-market"},
+    {kFile, "", "-"},
+    {kFile, "", "file.export-chart"},
+    {kFile, "", "file.export-table"},
+    {kFile, "", "file.print"},
+    {kFile, "", "-"},
+    {kFile, kUsers, "@users"},
+    {kFile, "", "file.preferences"},
+    {kFile, "", "-"},
+    {kFile, "", "file.exit"},
+    {kEdit, "", "edit.undo"},
+    {kEdit, "", "edit.redo"},
+    {kEdit, "", "-"},
+    {kEdit, "", "edit.copy"},
+    {kEdit, "", "edit.paste"},
+    {kStrategy, "", "view.calculate"},
+    {kStrategy, "", "view.load"},
+    {kStrategy, "", "view.clear"},
+    {kStrategy, "", "view.submit"},
+    {kStrategy, "", "-"},
+    {kStrategy, "", "view.panels"},
+    {kStrategy, "", "view.hint"},
+    {nullptr, "", "@views"},
+    {kView, kLanguages, "language.0"},
+    {kView, kLanguages, "language.1"},
+    {kView, kLanguages, "language.2"},
+    {kView, kSkins, "skin.Light"},
+    {kView, kSkins, "skin.Dark"},
+    {kView, "", "-"},
+    {kView, "", "panel.next"},
+    {kView, "", "panel.previous"},
+    {kView, "", "view.next"},
+    {kView, "", "view.previous"},
+    {kView, "", "-"},
+    {kView, "", "view.group"},
+    {kView, "", "view.float"},
+    {kView, "", "view.close"},
+    {kView, "", "-"},
+    {kView, "", "view.messages"},
+    {kWorkspace, kWorkspaces, "@workspaces"},
+    {kWorkspace, "", "workspace.open"},
+    {kWorkspace, "", "workspace.save-as"},
+    {kWorkspace, "", "workspace.lock"},
+    {kWorkspace, "", "workspace.reset"},
+    {kWorkspace, "", "-"},
+    {kWorkspace, "", "workspace.export"},
+    {kWorkspace, "", "workspace.import"},
+    {kHelp, "", "help.shortcuts"},
+    {kHelp, "", "help.about"},
+};
+
+constexpr int kViewKeys = 9;  // Ctrl+1 to Ctrl+9 open the first views
 
 QString MenuText(const fw::Text& Caption) { return ToQt(Caption).replace(QLatin1Char('&'), QLatin1String("&&")); }
 
-QAction* AddChoice(QMenu& Menu, QActionGroup& Group, const QString& Text, bool Chosen) {
-    QAction* Choice = Menu.addAction(Text);
-    Choice->setCheckable(true);
-    Choice->setChecked(Chosen);
-    Group.addAction(Choice);
-    return Choice;
+// Commands that nobody has bound leave menus without an entry behind.
+void DropEmpty(QMenu& Menu) {
+    for (QAction* Each : Menu.actions()) {
+        if (!Each->menu()) continue;
+        DropEmpty(*Each->menu());
+        if (Each->menu()->isEmpty()) Menu.removeAction(Each);
+    }
 }
 
 }  // namespace
 
-// Built anew on every change of language, user or packages: the descriptors are asked again. Old actions die in the
-// loop, for one of them may be what was just chosen.
-void TMainWindow::BuildMenus() {
-    for (QAction* Old : menuBar()->actions()) {
-        menuBar()->removeAction(Old);
+TMainMenus::TMainMenus(QMenuBar& Bar, TCommands& Commands, const TViewCatalog& Catalog, const TRenderContext& Context,
+                       std::function<void(fw::TIBaseView&)> Open)
+    : FBar(Bar), FCommands(Commands), FCatalog(Catalog), FContext(Context), FOpen(std::move(Open)) {}
+
+// Old menus die in the loop, for one of their entries may be what was just chosen.
+void TMainMenus::Build() {
+    for (QAction* Old : FBar.actions()) {
+        FBar.removeAction(Old);
         if (Old->menu()) Old->menu()->deleteLater();
     }
-    BuildFileMenu();
-    BuildEditMenu();
-    for (const TMenuNode& Node : MenuOf(FCatalog)) {
-        if (Node.View) {
-            connect(menuBar()->addAction(MenuText(Node.Caption)), &QAction::triggered, this,
-                    [this, View = Node.View] { FDocks->Open(*View); });
-        } else {
-            AddNodes(*menuBar()->addMenu(MenuText(Node.Caption)), Node.Children);
+    FCommands.Retranslate();
+    std::map<std::string, QMenu*> Menus;
+    for (const TLine& Line : kLines) {
+        if (!Line.Menu) {
+            AddViews();
+            continue;
         }
+        QMenu*& Top = Menus[Line.Menu];
+        if (!Top) {
+            Top = FBar.addMenu(FContext.Translate(Line.Menu));
+            QObject::connect(Top, &QMenu::aboutToShow, &FBar, [this] { FCommands.RefreshState(); });
+            // After the entry that was chosen has run.
+            QObject::connect(
+                Top, &QMenu::aboutToHide, &FBar, [this] { FCommands.EnableAll(); }, Qt::QueuedConnection);
+        }
+        if (!*Line.Submenu) {
+            AddLine(*Top, Line.Item);
+            continue;
+        }
+        QMenu*& Inner = Menus[Line.Submenu];
+        if (!Inner) Inner = Top->addMenu(FContext.Translate(Line.Submenu));
+        AddLine(*Inner, Line.Item);
     }
-    BuildViewMenu();
-    QMenu& Help = *menuBar()->addMenu(FContext.Translate("Res_MenuHelp"));
-    connect(Help.addAction(FContext.Translate("Res_HelpAbout")), &QAction::triggered, this, [this] { ShowAbout(); });
+    for (QAction* Each : FBar.actions()) {
+        if (!Each->menu()) continue;
+        DropEmpty(*Each->menu());
+        if (Each->menu()->isEmpty()) FBar.removeAction(Each);
+    }
 }
 
-void TMainWindow::AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes) {
+void TMainMenus::AddLine(QMenu& Menu, const std::string& Item) {
+    if (Item == "-") {
+        if (!Menu.isEmpty()) Menu.addSeparator();
+    } else if (Item.front() == '@') {
+        const auto Found = FFillers.find(Item.substr(1));
+        if (Found != FFillers.end()) Found->second(Menu);
+    } else if (QAction* Action = FCommands.Action(Item)) {
+        Menu.addAction(Action);
+    }
+}
+
+// --- views
+
+void TMainMenus::AddViews() {
+    FViewKey = 0;
+    for (const auto& Each : FCommands.All())
+        if (Each.Id.starts_with("open.")) FCommands.Remove(Each.Id);
+    for (const TMenuNode& Node : MenuOf(FCatalog)) {
+        if (Node.View)
+            FBar.addAction(ViewAction(Node));
+        else
+            AddNodes(*FBar.addMenu(MenuText(Node.Caption)), Node.Children);
+    }
+}
+
+QAction* TMainMenus::ViewAction(const TMenuNode& Node) {
+    const std::string Id =
+        "open." + std::to_string(fw::DispatchValue("GetViewID", 0, [&] { return Node.View->GetViewID(); }));
+    const std::string Keys = ++FViewKey <= kViewKeys ? "Ctrl+" + std::to_string(FViewKey) : "";
+    FCommands.Add(
+        {Id, "", Keys, "Res_MenuViews"}, [Caption = MenuText(Node.Caption)] { return Caption; },
+        [this, View = Node.View] { FOpen(*View); });
+    return FCommands.Action(Id);
+}
+
+void TMainMenus::AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes) {
     for (size_t i = 0; i < Nodes.size(); ++i) {
         const TMenuNode& Node = Nodes[i];
         if (i > 0 && Node.Group != Nodes[i - 1].Group) Menu.addSeparator();
@@ -67,76 +181,11 @@ void TMainWindow::AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes) {
             AddNodes(*Menu.addMenu(MenuText(Node.Caption)), Node.Children);
             continue;
         }
-        QAction* Entry = Menu.addAction(MenuText(Node.Caption));
+        QAction* Entry = ViewAction(Node);
         fw::Text Icon;
         if (Node.View->GetViewIcon(0, Icon)) Entry->setIcon(SkinIcon(ToQt(Icon), FContext.Color("coAccent")));
-        connect(Entry, &QAction::triggered, this, [this, View = Node.View] { FDocks->Open(*View); });
+        Menu.addAction(Entry);
     }
-}
-
-void TMainWindow::BuildFileMenu() {
-    QMenu& File = *menuBar()->addMenu(FContext.Translate("Res_MenuFile"));
-    connect(File.addAction(FContext.Translate("Res_FileImport")), &QAction::triggered, this, [this] {
-        const QString Chosen =
-            FDialogs->AskFile(this, FContext.Translate("Res_ImportTitle"), FContext.Translate("Res_ImportFilter"));
-        if (!Chosen.isEmpty()) ImportFile(Chosen);
-    });
-    connect(File.addAction(FContext.Translate("Res_FileResetMarket")), &QAction::triggered, this,
-            [this] { ResetSample(); });
-    File.addSeparator();
-    QMenu& Users = *File.addMenu(FContext.Translate("Res_MenuUser"));
-    auto* Group = new QActionGroup(&Users);
-    for (const TUserRow& User : FWorkstation.Users()) {
-        const QString Text = MenuText(User.Name.empty() ? User.Code : User.Name);
-        connect(AddChoice(Users, *Group, Text, User.Code == FWorkstation.User().Code), &QAction::triggered, this,
-                [this, Code = User.Code] { SetUser(Code); });
-    }
-    File.addSeparator();
-    QAction* Exit = File.addAction(FContext.Translate("Res_FileExit"));
-    Exit->setShortcut(QKeySequence::Quit);
-    connect(Exit, &QAction::triggered, this, [this] { close(); });
-}
-
-// The tables take the keys themselves; here they only stand beside the words.
-void TMainWindow::BuildEditMenu() {
-    QMenu& Edit = *menuBar()->addMenu(FContext.Translate("Res_MenuEdit"));
-    const auto Add = [&](const char* Key, QKeySequence::StandardKey Shortcut, void (TClipboardFlow::*Run)()) {
-        QAction* Action = Edit.addAction(FContext.Translate(Key));
-        Action->setShortcut(Shortcut);
-        Action->setShortcutContext(Qt::WidgetShortcut);
-        connect(Action, &QAction::triggered, FClipboard.get(), [this, Run] { (FClipboard.get()->*Run)(); });
-    };
-    Add("Res_EditCopy", QKeySequence::Copy, &TClipboardFlow::CopyFocused);
-    Add("Res_EditPasteLegs", QKeySequence::Paste, &TClipboardFlow::PasteFocused);
-}
-
-void TMainWindow::BuildViewMenu() {
-    QMenu& View = *menuBar()->addMenu(FContext.Translate("Res_MenuView"));
-    QMenu& Languages = *View.addMenu(FContext.Translate("Res_MenuLanguage"));
-    auto* LanguageGroup = new QActionGroup(&Languages);
-    for (size_t i = 0; i < kLanguages.size(); ++i) {
-        const int Index = static_cast<int>(i);
-        connect(AddChoice(Languages, *LanguageGroup, FContext.Translate(kLanguages[i]),
-                          FWorkstation.Language().GetLanguage() == Index),
-                &QAction::triggered, this, [this, Index] { SetLanguage(Index); });
-    }
-    QMenu& Skins = *View.addMenu(FContext.Translate("Res_MenuSkin"));
-    auto* SkinGroup = new QActionGroup(&Skins);
-    for (const TNamedSkin& Each : kSkins)
-        connect(AddChoice(Skins, *SkinGroup, FContext.Translate(Each.TextKey), FContext.GetSkin() == Each.Skin),
-                &QAction::triggered, this, [this, Skin = std::string(Each.Skin)] { SetSkin(Skin); });
-    View.addSeparator();
-    QAction* Messages = View.addAction(FContext.Translate("Res_Messages"));
-    Messages->setCheckable(true);
-    Messages->setChecked(FPanel->isVisible() || !isVisible());
-    connect(Messages, &QAction::triggered, FPanel, [this](bool Shown) { FPanel->setVisible(Shown); });
-    connect(&View, &QMenu::aboutToShow, Messages, [this, Messages] { Messages->setChecked(FPanel->isVisible()); });
-}
-
-void TMainWindow::ShowAbout() {
-    const QString About = FContext.Translate("Res_AboutText", {VENTIQ_VERSION});
-    const QString Libraries = FContext.Translate("Res_AboutLibraries", {qVersion(), ChartLibraryVersion()});
-    FDialogs->Tell(this, About + QStringLiteral("\n\n") + Libraries);
 }
 
 }  // namespace ws

@@ -25,6 +25,7 @@ constexpr QSize kWindowSize(1280, 860);
 constexpr int kMessagesHeight = 110;
 constexpr char kSettingSection[] = "Shell";
 constexpr char kSettingStarted[] = "FirstStartDone";
+constexpr char kShortcutSection[] = "Shortcuts";
 constexpr char kShowHintIcon[] = "show-hint";
 
 void LogNotice(const TStoreNotice& Notice) {
@@ -93,9 +94,16 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
     FHintTimer.start(kHintMs);
     for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
-    SetSkin(Workstation.LookAndFeel().GetSkinName());
+    ApplySkin(Workstation.LookAndFeel().GetSkinName());
     setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
+    FCommands = std::make_unique<TCommands>(
+        *this, FContext, [this](const auto& Id) { return FWorkstation.Store().ReadSetting(kShortcutSection, Id); });
+    FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext,
+                                          [this](fw::TIBaseView& View) { FDocks->Open(View); });
+    FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,
+                                                    [this](const auto& Key, const auto& Args) { Say(Key, Args); });
+    BindCommands();
     BuildMenus();
 }
 
@@ -154,22 +162,9 @@ TViewDock* TMainWindow::PlayFirstStart() {
     FRunFrame = Frame;
     FRunBegan = QDateTime::currentMSecsSinceEpoch();
     FRun = std::make_unique<TStrategyRun>(*Frame, FWorkstation.Market(), Strategy, kRunPatience);
-    TurnHintOn(*Dock);
+    PressCaptionButton(*Dock, {kShowHintIcon});
     FRunTimer.start(kRunPollMs);
     return Dock;
-}
-
-// The button that offers to show the hint is pressed, as the user would.
-void TMainWindow::TurnHintOn(TViewDock& Dock) {
-    fw::TCaptionButtonList Buttons;
-    fw::TImageList* Images = nullptr;
-    Dock.View().GetViewCaptionButtons(Dock.Handle(), Buttons);
-    Dock.View().GetViewCaptionButtonImageList(Dock.Handle(), Images);
-    for (size_t i = 0; Images && i < Buttons.size(); ++i) {
-        if (Images->GetIconName(Buttons[i]->ImageIndex) != kShowHintIcon) continue;
-        Dock.View().HandleCaptionButtonClick(Dock.Handle(), static_cast<int>(i));
-        return;
-    }
 }
 
 void TMainWindow::PollRun() {
@@ -229,9 +224,13 @@ void TMainWindow::SetLanguage(int Language) {
     BuildMenus();
 }
 
-void TMainWindow::SetSkin(const std::string& Skin) {
+void TMainWindow::ApplySkin(const std::string& Skin) {
     QApplication::setPalette(SkinPalette(Skin));
     FContext.SetSkin(Skin);
+}
+
+void TMainWindow::SetSkin(const std::string& Skin) {
+    ApplySkin(Skin);
     if (FWorkstation.LookAndFeel().GetSkinName() != Skin) FWorkstation.SetSkin(Skin);
     BuildMenus();
 }

@@ -10,13 +10,16 @@
 #include "workstation/services/Workstation.h"
 #include "workstation/shell/BatchConfirmation.h"
 #include "workstation/shell/ClipboardFlow.h"
+#include "workstation/shell/Commands.h"
 #include "workstation/shell/Dialogs.h"
+#include "workstation/shell/MainMenus.h"
 #include "workstation/shell/MessageList.h"
 #include "workstation/shell/MessagesPanel.h"
 #include "workstation/shell/StatusLine.h"
 #include "workstation/shell/SymbolPopups.h"
 #include "workstation/shell/TradingFlow.h"
 #include "workstation/shell/ViewCatalog.h"
+#include "workstation/shell/ViewCommands.h"
 #include "workstation/shell/ViewDocks.h"
 
 class QMenu;
@@ -51,6 +54,8 @@ public:
     TMessagesPanel& Panel() { return *FPanel; }
     TStatusLine& Status() { return *FStatus; }
     TClipboardFlow& Clipboard() { return *FClipboard; }
+    TCommands& Commands() { return *FCommands; }
+    TMainMenus& Menus() { return *FMenus; }
 
 protected:
     void showEvent(QShowEvent* Event) override;
@@ -58,18 +63,16 @@ protected:
 
 private:
     void GiveRoomToViews();
+    void BindCommands();
     void BuildMenus();
-    void BuildFileMenu();
-    void BuildEditMenu();
-    void BuildViewMenu();
-    void AddNodes(QMenu& Menu, const std::vector<TMenuNode>& Nodes);
+    void FillUsers(QMenu& Menu);
     fw::TIBaseView* FirstVisibleView() const;
     void ShowAbout();
+    void ApplySkin(const std::string& Skin);
     void UpdateHint();
     void Say(const fw::Text& Key, const std::vector<fw::Text>& Args);
     void PollRun();
     void PumpLater();
-    void TurnHintOn(TViewDock& Dock);
 
     TWorkstation& FWorkstation;
     TRenderContext& FContext;
@@ -82,6 +85,9 @@ private:
     TMessagesPanel* FPanel;
     TStatusLine* FStatus;
     std::unique_ptr<TViewDocks> FDocks;
+    std::unique_ptr<TCommands> FCommands;
+    std::unique_ptr<TMainMenus> FMenus;
+    std::unique_ptr<TViewCommands> FViewCommands;
     std::unique_ptr<TClipboardFlow> FClipboard;
     std::unique_ptr<TStrategyRun> FRun;
     fw::TFrame* FRunFrame = nullptr;  // the view that FRun types into

@@ -80,10 +80,10 @@ void TDockTitleBar::SetButtons(const fw::TCaptionButtonList& Buttons, const fw::
 
 // --- dock
 
-TViewDock::TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Context, QWidget* Parent,
-                     std::function<void(TViewDock&)> OnClose)
-    : QDockWidget(Parent), FView(View), FHandle(Handle), FContext(Context), FOnClose(std::move(OnClose)) {
-    setObjectName(ToQt(View.GetName()) + QLatin1Char('-') + QString::number(Handle));
+TViewDock::TViewDock(fw::TIBaseView& View, int64_t Handle, const std::string& Key, TRenderContext& Context,
+                     QWidget* Parent, std::function<void(TViewDock&)> OnClose)
+    : QDockWidget(Parent), FView(View), FHandle(Handle), FKey(Key), FContext(Context), FOnClose(std::move(OnClose)) {
+    setObjectName(QLatin1String("view-") + ToQt(Key));
     setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     FTitle = new TDockTitleBar(*this, Context, [this] { FOnClose(*this); });
     setTitleBarWidget(FTitle);

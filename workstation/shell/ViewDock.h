@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include <QDockWidget>
 
@@ -45,12 +46,14 @@ private:
 class TViewDock : public QDockWidget {
 public:
     // OnClose: the user wants it closed; the owner does so when control is back in the loop.
-    TViewDock(fw::TIBaseView& View, int64_t Handle, TRenderContext& Context, QWidget* Parent,
+    TViewDock(fw::TIBaseView& View, int64_t Handle, const std::string& Key, TRenderContext& Context, QWidget* Parent,
               std::function<void(TViewDock& Dock)> OnClose);
     ~TViewDock() override;
 
     fw::TIBaseView& View() const { return FView; }
     int64_t Handle() const { return FHandle; }
+    // What the instance is called in files: the view's id and a number, "620-1". Its object name is "view-" and this.
+    const std::string& Key() const { return FKey; }
     fw::TFrame* Frame() const { return FView.FindView(FHandle); }
     TDockTitleBar& TitleBar() const { return *FTitle; }
     TFrameRenderer* Renderer() const { return FRenderer; }
@@ -67,6 +70,7 @@ protected:
 private:
     fw::TIBaseView& FView;  // borrowed; outlives the docks
     int64_t FHandle;
+    std::string FKey;
     TRenderContext& FContext;
     std::function<void(TViewDock&)> FOnClose;
     TDockTitleBar* FTitle;

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "framework/base/Const.h"
+#include "framework/base/Dispatch.h"
 #include "framework/base/Log.h"
 #include "workstation/renderers/QtText.h"
 
@@ -31,7 +32,15 @@ TViewDocks::TViewDocks(QMainWindow& Window, TViewCatalog& Catalog, TRenderContex
 
 TViewDocks::~TViewDocks() { CloseAll(); }
 
-TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
+std::string TViewDocks::FreeKey(fw::TIBaseView& View) const {
+    const int Id = fw::DispatchValue("GetViewID", 0, [&] { return View.GetViewID(); });
+    for (int Number = 1;; ++Number) {
+        std::string Key = std::to_string(Id) + "-" + std::to_string(Number);
+        if (!DockOf(Key)) return Key;
+    }
+}
+
+TViewDock* TViewDocks::Open(fw::TIBaseView& View, std::string Key) {
     int64_t Handle = 0;
     fw::Text Reason;
     try {
@@ -48,7 +57,9 @@ TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
         FDialogs.Tell(&FWindow, FContext.Translate("Res_ViewOpenFailed", {Caption, Reason}));
         return nullptr;
     }
-    auto* Dock = new TViewDock(View, Handle, FContext, &FWindow, [this](TViewDock& Closed) { CloseLater(Closed); });
+    if (Key.empty() || DockOf(Key)) Key = FreeKey(View);
+    auto* Dock =
+        new TViewDock(View, Handle, Key, FContext, &FWindow, [this](TViewDock& Closed) { CloseLater(Closed); });
     TViewDock* Beside = Current();
     FWindow.addDockWidget(Qt::TopDockWidgetArea, Dock);
     if (Beside && !Beside->isFloating()) FWindow.tabifyDockWidget(Beside, Dock);
@@ -57,6 +68,7 @@ TViewDock* TViewDocks::Open(fw::TIBaseView& View) {
     Dock->show();
     Dock->raise();
     View.ActiveView(Handle);
+    OnOpened(*Dock);
     OnChanged();
     return Dock;
 }
@@ -89,6 +101,11 @@ TViewDock* TViewDocks::DockOf(const fw::TFrame& Frame) const {
     for (TViewDock* Dock : FDocks)
         if (Dock->Handle() == Frame.GetHandle()) return Dock;
     return nullptr;
+}
+
+TViewDock* TViewDocks::DockOf(const std::string& Key) const {
+    const auto Found = std::find_if(FDocks.begin(), FDocks.end(), [&](TViewDock* Dock) { return Dock->Key() == Key; });
+    return Found == FDocks.end() ? nullptr : *Found;
 }
 
 TViewDock* TViewDocks::Current() const { return FUsed.empty() ? nullptr : FUsed.front(); }

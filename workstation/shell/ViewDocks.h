@@ -21,13 +21,14 @@ public:
     ~TViewDocks();
 
     // A new instance in a dock of its own, beside the others as a tab. What the construction throws is shown to the
-    // user, and nothing is left behind; null then.
-    TViewDock* Open(fw::TIBaseView& View);
+    // user, and nothing is left behind; null then. Key: of the instance; empty: the first number that is free.
+    TViewDock* Open(fw::TIBaseView& View, std::string Key = {});
     void CloseLater(TViewDock& Dock);  // when control is back in the loop and nothing holds the views
     void CloseAll();                   // at once; for the end of the program
 
     const std::vector<TViewDock*>& Docks() const { return FDocks; }
     TViewDock* DockOf(const fw::TFrame& Frame) const;
+    TViewDock* DockOf(const std::string& Key) const;
     // The dock with the focus, else the one that was used last; null without any.
     TViewDock* Current() const;
     // Of those that fit the one that was used last; null: none.
@@ -35,12 +36,15 @@ public:
 
     void SetLanguage(int Language);
 
-    std::function<bool()> IsHeld;          // true while no view may close; may be left out
-    fw::TSignal<> OnChanged;               // opened or closed
+    std::function<bool()> IsHeld;  // true while no view may close; may be left out
+    fw::TSignal<> OnChanged;       // opened or closed
+    fw::TSignal<TViewDock&> OnOpened;
     fw::TSignal<fw::TFrame&> OnFrameGoes;  // before an instance is destroyed
 
+    void Use(TViewDock& Dock);  // as if it had got the focus
+
 private:
-    void Use(TViewDock& Dock);
+    std::string FreeKey(fw::TIBaseView& View) const;
     void Close(TViewDock& Dock);
 
     QMainWindow& FWindow;

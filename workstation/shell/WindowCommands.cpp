@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the commands of the main window do.
+#include <QActionGroup>
+#include <QMenu>
+
+#include "workstation/renderers/ChartRenderer.h"
+#include "workstation/renderers/QtText.h"
+#include "workstation/shell/MainWindow.h"
+#include "workstation/shell/PanelWalk.h"
+#include "workstation/shell/ShortcutSheet.h"
+
+namespace ws {
+
+void TMainWindow::BindCommands() {
+    FCommands->Bind("file.import", [this] {
+        const QString Chosen =
+            FDialogs->AskFile(this, FContext.Translate("Res_ImportTitle"), FContext.Translate("Res_ImportFilter"));
+        if (!Chosen.isEmpty()) ImportFile(Chosen);
+    });
+    FCommands->Bind("file.reset-market", [this] { ResetSample(); });
+    FCommands->Bind("file.exit", [this] { close(); });
+    FCommands->Bind("edit.copy", [this] { FClipboard->CopyFocused(); });
+    FCommands->Bind("edit.paste", [this] { FClipboard->PasteFocused(); });
+    FCommands->Bind("panel.next", [this] { WalkPanels(*this, 1); });
+    FCommands->Bind("panel.previous", [this] { WalkPanels(*this, -1); });
+    FCommands->Bind(
+        "view.messages", [this] { FPanel->setVisible(!FPanel->isVisible()); }, {},
+        [this] { return FPanel->isVisible(); });
+    for (int Index = 0; Index < kLanguageCount; ++Index)
+        FCommands->Bind(
+            "language." + std::to_string(Index), [this, Index] { SetLanguage(Index); }, {},
+            [this, Index] { return FWorkstation.Language().GetLanguage() == Index; });
+    for (const std::string& Skin : TSkinTable::Embedded().Skins())
+        FCommands->Bind(
+            "skin." + Skin, [this, Skin] { SetSkin(Skin); }, {}, [this, Skin] { return FContext.GetSkin() == Skin; });
+    FCommands->Bind("help.shortcuts", [this] { ShowShortcutSheet(*FCommands, FContext, this); });
+    FCommands->Bind("help.about", [this] { ShowAbout(); });
+    FMenus->Fill("users", [this](QMenu& Menu) { FillUsers(Menu); });
+}
+
+void TMainWindow::BuildMenus() {
+    if (FMenus) FMenus->Build();
+}
+
+void TMainWindow::FillUsers(QMenu& Menu) {
+    auto* Group = new QActionGroup(&Menu);
+    for (const TUserRow& User : FWorkstation.Users()) {
+        QAction* Choice = Menu.addAction(
+            ToQt(User.Name.empty() ? User.Code : User.Name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        Choice->setCheckable(true);
+        Choice->setChecked(User.Code == FWorkstation.User().Code);
+        Group->addAction(Choice);
+        connect(Choice, &QAction::triggered, this, [this, Code = User.Code] { SetUser(Code); });
+    }
+}
+
+void TMainWindow::ShowAbout() {
+    const QString About = FContext.Translate("Res_AboutText", {VENTIQ_VERSION});
+    const QString Libraries = FContext.Translate("Res_AboutLibraries", {qVersion(), ChartLibraryVersion()});
+    FDialogs->Tell(this, About + QStringLiteral("\n\n") + Libraries);
+}
+
+}  // namespace ws
