@@ -2,6 +2,7 @@
 #include "framework/controls/GridText.h"
 
 #include "framework/base/NumberFormat.h"
+#include "framework/base/Numbers.h"
 
 namespace fw {
 
@@ -26,6 +27,34 @@ Text Escaped(const Text& Shown) {
     return Result;
 }
 
+Text Quoted(const Text& Shown) {
+    if (Shown.find_first_of(",\"\n\r") == Text::npos) return Shown;
+    Text Result = "\"";
+    for (const char Letter : Shown) Result.append(Letter == '"' ? "\"\"" : Text(1, Letter));
+    return Result + '"';
+}
+
+// How the cells of a row stand in a form; Cell gets "th" or "td".
+struct TRowForm {
+    const char *Open, *Between, *Close;
+    Text (*Cell)(std::string_view Tag, const Text& Shown);
+    const char *Head, *Tail;
+};
+
+Text Marked(std::string_view Tag, const Text& Shown) {
+    Text Result;
+    return Result.append("<").append(Tag).append(">").append(Escaped(Shown)).append("</").append(Tag).append(">");
+}
+
+constexpr TRowForm kRowForms[] = {
+    {"", "\t", "\n", [](std::string_view, const Text& Shown) { return OneLine(Shown); }, "", ""},
+    {"<tr>", "", "</tr>\n", [](std::string_view Tag, const Text& Shown) { return Marked(Tag, OneLine(Shown)); },
+     "<table>\n", "</table>\n"},
+    {"", ",", "\r\n", [](std::string_view, const Text& Shown) { return Quoted(Shown); }, "", ""},
+};
+
+const TRowForm& RowForm(ETextForm Form) { return kRowForms[static_cast<size_t>(Form)]; }
+
 }  // namespace
 
 TGridText::TGridText(TGridTableView& View, ETextForm Form) : FView(View), FForm(Form) {
@@ -34,34 +63,29 @@ TGridText::TGridText(TGridTableView& View, ETextForm Form) : FView(View), FForm(
 }
 
 Text TGridText::Head() const {
-    const auto Caption = [this](int Column) { return FView.GetColumn(Column)->GetCaption(); };
-    return FForm == ETextForm::Tabs ? Row("", Caption) : "<table>\n" + Row("th", Caption);
+    return RowForm(FForm).Head + Row("th", [this](int Column) { return FView.GetColumn(Column)->GetCaption(); });
 }
 
 Text TGridText::Record(int Index) const {
     return Row("td", [&](int Column) { return CellText(Index, Column); });
 }
 
-Text TGridText::Tail() const { return FForm == ETextForm::Tabs ? "" : "</table>\n"; }
+Text TGridText::Tail() const { return RowForm(FForm).Tail; }
 
 Text TGridText::CellText(int Record, int Column) const {
     const Variant Value = FView.GetDataController().GetValue(Record, Column);
     if (Value.IsNull()) return {};
-    return Value.IsText() ? FView.GetCellText(Record, Column) : FormatUnmistakably(Value.AsFloat());
+    if (Value.IsText()) return FView.GetCellText(Record, Column);
+    return FForm == ETextForm::Csv ? FloatToShortestText(Value.AsFloat()) : FormatUnmistakably(Value.AsFloat());
 }
 
 template <class TCell>
 Text TGridText::Row(std::string_view Tag, TCell Cell) const {
-    const bool Html = FForm == ETextForm::Html;
-    Text Result = Html ? "<tr>" : "";
-    for (size_t i = 0; i < FColumns.size(); ++i) {
-        const Text Shown = OneLine(Cell(FColumns[i]));
-        if (Html)
-            Result.append("<").append(Tag).append(">").append(Escaped(Shown)).append("</").append(Tag).append(">");
-        else
-            Result.append(i > 0 ? "\t" : "").append(Shown);
-    }
-    return Result.append(Html ? "</tr>\n" : "\n");
+    const TRowForm& Form = RowForm(FForm);
+    Text Result = Form.Open;
+    for (size_t i = 0; i < FColumns.size(); ++i)
+        Result.append(i > 0 ? Form.Between : "").append(Form.Cell(Tag, Cell(FColumns[i])));
+    return Result.append(Form.Close);
 }
 
 bool HasContent(const TGridTableView& View, int Record) {

@@ -5,12 +5,13 @@
 
 namespace fw {
 
-enum class ETextForm { Tabs, Html };
+enum class ETextForm { Tabs, Html, Csv };
 
 // A table as text for other programs, piece by piece: the head, then any records in any order, then the tail. Visible
-// columns only. Numbers stand at full precision in the current number format, not grouped and with one reading only, so
-// that they can be pasted again; texts as the cells show them. Holds nothing of the records, so that a table of any
-// length can be written.
+// columns only. Numbers stand at full precision, not grouped: in Csv, which is a file's form (RFC 4180, lines end with
+// CR and LF), with a point before the decimals; in the other forms in the current number format and with one reading
+// only, so that they can be pasted again. Texts stand as the cells show them. Holds nothing of the records, so that a
+// table of any length can be written.
 class FRAMEWORK_API TGridText {
 public:
     // Borrows the view, whose columns are taken as they stand now.

@@ -118,7 +118,8 @@ TEST_F(CommandsTest, F6WalksOverEveryPanelAndComesBack) {
     EXPECT_GE(Stops.size(), 5u);  // grid, range, results, messages, selectors
     EXPECT_TRUE(std::any_of(Stops.begin(), Stops.end(),
                             [](QWidget* Each) { return dynamic_cast<ws::TWindowedGridRenderer*>(Each) != nullptr; }));
-    EXPECT_TRUE(std::any_of(Stops.begin(), Stops.end(), [&](QWidget* Each) { return Window->Panel().isAncestorOf(Each); }));
+    EXPECT_TRUE(
+        std::any_of(Stops.begin(), Stops.end(), [&](QWidget* Each) { return Window->Panel().isAncestorOf(Each); }));
     Press(Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget(), Stops.back());
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPrinter>
+
 #include "workstation/renderers/QtText.h"
 #include "workstation/shell/Dialogs.h"
 
@@ -13,7 +15,8 @@ public:
     std::vector<fw::Text> Told, Asked;
     bool Yes = true;
     int Choice = -1;
-    QString File;
+    QString File, SaveFile;
+    QString PrintFile;  // PDF that a printer writes; empty: no printer is chosen
 
     void Tell(QWidget*, const QString& Message) override { Told.push_back(ws::FromQt(Message)); }
     bool Ask(QWidget*, const QString& Question) override {
@@ -25,6 +28,12 @@ public:
         return Choice;
     }
     QString AskFile(QWidget*, const QString&, const QString&) override { return File; }
+    QString AskSaveFile(QWidget*, const QString&, const QString&, const QString&) override { return SaveFile; }
+    bool AskPrinter(QWidget*, QPrinter& Printer) override {
+        Printer.setOutputFormat(QPrinter::PdfFormat);
+        Printer.setOutputFileName(PrintFile);
+        return !PrintFile.isEmpty();
+    }
 };
 
 }  // namespace gui

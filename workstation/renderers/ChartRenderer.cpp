@@ -6,6 +6,8 @@
 #include <qcustomplot.h>
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPdfWriter>
+#include <QSvgGenerator>
 #include <QVBoxLayout>
 
 #include "framework/base/Dispatch.h"
@@ -18,6 +20,7 @@ namespace {
 
 constexpr int kShadeAlpha = 38;  // of 255
 constexpr double kLineWidth = 2.0;
+constexpr double kPictureScale = 2.0;  // pixels of an exported picture for one of the screen
 
 using TPoints = QVector<QPointF>;
 
@@ -254,6 +257,31 @@ TChartRenderer::~TChartRenderer() {
 QRect TChartRenderer::GetPlotArea() const { return FPlot->Area().translated(FPlot->FPlot->pos()); }
 int TChartRenderer::GetLineCount() const { return FPlot->FLines; }
 double TChartRenderer::GetTickStep() const { return FPlot->TickStep(); }
+
+bool TChartRenderer::Export(fw::TChart& Model, TRenderContext& Context, EPictureForm Form, QSize Size, QIODevice& Out) {
+    QWidget Paper;
+    Paper.resize(Size);
+    TPlot Plot(Model, Context, Paper);
+    Plot.FPlot->resize(Size);
+    Plot.Fill(Model);
+    if (Form == EPictureForm::Png)
+        return Plot.FPlot->toPixmap(Size.width(), Size.height(), kPictureScale).save(&Out, "PNG");
+    QSvgGenerator Svg;
+    QPdfWriter Pdf(&Out);
+    Svg.setOutputDevice(&Out);
+    Svg.setSize(Size);
+    Svg.setViewBox(QRect(QPoint(), Size));
+    Svg.setTitle(ToQt(Model.GetTitle()));
+    Pdf.setTitle(ToQt(Model.GetTitle()));
+    Pdf.setPageSize(QPageSize(QSizeF(Size), QPageSize::Point, {}, QPageSize::ExactMatch));
+    Pdf.setPageMargins(QMarginsF());
+    QCPPainter Painter;
+    if (!Painter.begin(Form == EPictureForm::Svg ? static_cast<QPaintDevice*>(&Svg) : &Pdf)) return false;
+    Painter.setWindow(QRect(QPoint(), Size));
+    Painter.setMode(QCPPainter::pmVectorized);
+    Plot.FPlot->toPainter(&Painter, Size.width(), Size.height());
+    return Painter.end();
+}
 
 void TChartRenderer::DrawLater() {
     if (FWaiting) return;

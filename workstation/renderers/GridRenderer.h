@@ -30,6 +30,7 @@ public:
     QRect CellRect(int Record, int Column) const;                   // in the viewport
     std::vector<TCellButton> CellButtons(int Record, int Column) const;
     QAbstractItemDelegate* itemDelegateForIndex(const QModelIndex& Index) const override;
+    fw::TGridTableView* GetTable() const override { return FView.Get(); }
     void CopyRows() override;   // every row
     void PasteRows() override;  // one word is typed into the focused cell
 

@@ -26,6 +26,7 @@ public:
     int GetCurrentRow() const { return FView ? FView->GetSelection().GetCurrent() : -1; }
     QRect HeaderRect(int Column) const;  // in the viewport; empty for a hidden column
     QRect CellRect(int Row, int Column) const;
+    fw::TGridTableView* GetTable() const override { return FView.Get(); }
     void CopyRows() override;  // every row where none is selected
     void ScrollTo(int Row);
 

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QProgressDialog>
 #include <QTimer>
 
 #include "framework/base/FlagGuard.h"
@@ -17,6 +16,7 @@
 #include "workstation/renderers/WindowedGridRenderer.h"
 #include "workstation/script/LegPaste.h"
 #include "workstation/shell/MissingHint.h"
+#include "workstation/shell/RowStream.h"
 #include "workstation/shell/ViewDocks.h"
 
 namespace ws {
@@ -24,8 +24,6 @@ namespace ws {
 namespace {
 
 constexpr int64_t kRowsAtOnce = 50'000;  // fewer are copied in one go
-constexpr int kRowsPerStep = 2'000;      // between two looks at the loop
-constexpr int kProgressSteps = 1000;
 constexpr int64_t kMegabyte = 1'000'000;
 constexpr int kSamples = 100;
 
@@ -121,31 +119,24 @@ void TClipboardFlow::CopyMany(fw::TGridTableView& View, int First, int Last) {
     };
     if (Estimate > FLimits.Bytes) return TooMuch(Estimate);
     const fw::TFlagGuard Copying(FCopying, fw::EGuardEnd::Clear);
-    const TModelRef Ref(View);
-    bool Changed = false;
-    fw::TConnections Links;
-    Links += View.OnRecordsChanged.Connect([&] { Changed = true; });
-    Links += View.OnColumnsChanged.Connect([&] { Changed = true; });
+    const TModelRef Ref(View);  // the question runs the loop
     if (Count > FLimits.AskRows &&
         !FDialogs.Ask(&FWindow, FContext.Translate("Res_CopyAsk", {CountText, Megabytes(Estimate)})))
         return FSay("Res_CopyStopped", {});
-    QProgressDialog Bar(FContext.Translate("Res_CopyRunning", {CountText}), FContext.Translate("Res_ButtonCancel"), 0,
-                        kProgressSteps, &FWindow);
-    Bar.setWindowModality(Qt::ApplicationModal);
-    Bar.setMinimumDuration(0);
-    Bar.setValue(0);
-    std::optional<TRows> Rows;
-    if (Ref && !Changed) Rows.emplace(View);
-    for (int64_t Done = 0; Done < Count && Ref && !Changed; ++Done) {
-        Rows->Add(static_cast<int>(First + Done));
-        if (Rows->Bytes() > FLimits.Bytes) return TooMuch(Rows->Bytes() * Count / (Done + 1));
-        if (Done % kRowsPerStep != 0) continue;
-        Bar.setValue(static_cast<int>(kProgressSteps * Done / Count));
-        QCoreApplication::processEvents();
-        if (Bar.wasCanceled()) return FSay("Res_CopyStopped", {});
-    }
-    if (!Ref || Changed) return FSay("Res_CopyChanged", {});
-    Put(*Rows);
+    if (!Ref) return FSay("Res_CopyChanged", {});
+    TRows Rows(View);
+    bool Fits = true;
+    int64_t Seen = 0;
+    const auto End = StreamRows(View, First, Count, FContext.Translate("Res_CopyRunning", {CountText}),
+                                FContext.Translate("Res_ButtonCancel"), FWindow, [&](int Record) {
+                                    Rows.Add(Record);
+                                    ++Seen;
+                                    return Fits = Rows.Bytes() <= FLimits.Bytes;
+                                });
+    if (!Fits) return TooMuch(Rows.Bytes() * Count / Seen);
+    if (End == ERowsEnd::Stopped) return FSay("Res_CopyStopped", {});
+    if (End == ERowsEnd::Changed) return FSay("Res_CopyChanged", {});
+    Put(Rows);
 }
 
 // --- pasting
@@ -170,7 +161,7 @@ void TClipboardFlow::Paste(fw::TGridTableView& View, const fw::Text& Lines) {
 
 // --- the menu
 
-TGridClipboard* TClipboardFlow::FocusedTable(bool Editable) const {
+TGridClipboard* TClipboardFlow::FocusedRenderer(bool Editable) const {
     const TViewDock* Dock = FDocks.Current();
     if (!Dock) return nullptr;
     const auto AsTable = [Editable](QWidget* Widget) {
@@ -185,11 +176,16 @@ TGridClipboard* TClipboardFlow::FocusedTable(bool Editable) const {
 
 void TClipboardFlow::CopyFocused() {
     if (auto* Line = qobject_cast<QLineEdit*>(FLastFocus.data()); Line && Line->hasSelectedText()) return Line->copy();
-    if (TGridClipboard* Table = FocusedTable(false)) Table->CopyRows();
+    if (TGridClipboard* Table = FocusedRenderer(false)) Table->CopyRows();
+}
+
+fw::TGridTableView* TClipboardFlow::FocusedTable() const {
+    const TGridClipboard* Table = FocusedRenderer(false);
+    return Table ? Table->GetTable() : nullptr;
 }
 
 void TClipboardFlow::PasteFocused() {
-    if (TGridClipboard* Table = FocusedTable(true)) Table->PasteRows();
+    if (TGridClipboard* Table = FocusedRenderer(true)) Table->PasteRows();
 }
 
 }  // namespace ws

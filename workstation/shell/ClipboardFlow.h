@@ -36,6 +36,8 @@ public:
     // For the menu. The table that had the focus last, else the current view's first one.
     void CopyFocused();
     void PasteFocused();
+    // The table that had the focus last, else the current view's first one; null: none.
+    fw::TGridTableView* FocusedTable() const;
 
     void SetLimits(TCopyLimits Limits) { FLimits = Limits; }
 
@@ -45,7 +47,7 @@ private:
     void CopyMany(fw::TGridTableView& View, int First, int Last);
     void Put(TRows& Rows);
     void Paste(fw::TGridTableView& View, const fw::Text& Lines);
-    class TGridClipboard* FocusedTable(bool Editable) const;
+    class TGridClipboard* FocusedRenderer(bool Editable) const;
 
     TRenderContext& FContext;
     TDialogs& FDialogs;

@@ -37,9 +37,7 @@ TCommands::TCommands(QWidget& Window, const TRenderContext& Context, TReadKeys R
     }
 }
 
-TCommands::TEntry* TCommands::Find(const std::string& Id) {
-    return const_cast<TEntry*>(std::as_const(*this).Find(Id));
-}
+TCommands::TEntry* TCommands::Find(const std::string& Id) { return const_cast<TEntry*>(std::as_const(*this).Find(Id)); }
 
 const TCommands::TEntry* TCommands::Find(const std::string& Id) const {
     const auto Found =

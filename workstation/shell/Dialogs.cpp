@@ -3,7 +3,10 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 
 namespace ws {
 
@@ -32,6 +35,24 @@ int TDialogs::Choose(QWidget* Parent, const QString& Question, const QStringList
 
 QString TDialogs::AskFile(QWidget* Parent, const QString& Title, const QString& Filter) {
     return QFileDialog::getOpenFileName(Parent, Title, {}, Filter);
+}
+
+QString TDialogs::AskSaveFile(QWidget* Parent, const QString& Title, const QString& Name, const QString& Filters) {
+    QFileDialog Dialog(Parent, Title, {}, Filters);
+    Dialog.setAcceptMode(QFileDialog::AcceptSave);
+    Dialog.selectFile(Name);
+    // Before the question whether a file is to be replaced, so that the file with the ending is asked about.
+    const auto TakeEnding = [&Dialog](const QString& Filter) {
+        static const QRegularExpression kEnding(QStringLiteral("\\*\\.(\\w+)"));
+        Dialog.setDefaultSuffix(kEnding.match(Filter).captured(1));
+    };
+    TakeEnding(Dialog.selectedNameFilter());
+    QObject::connect(&Dialog, &QFileDialog::filterSelected, TakeEnding);
+    return Dialog.exec() == QDialog::Accepted ? Dialog.selectedFiles().value(0) : QString();
+}
+
+bool TDialogs::AskPrinter(QWidget* Parent, QPrinter& Printer) {
+    return QPrintDialog(&Printer, Parent).exec() == QDialog::Accepted;
 }
 
 }  // namespace ws

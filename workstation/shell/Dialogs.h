@@ -6,6 +6,7 @@
 
 #include "workstation/renderers/RenderContext.h"
 
+class QPrinter;
 class QWidget;
 
 namespace ws {
@@ -21,6 +22,11 @@ public:
     // Index of the chosen answer; -1 when the user will have none of them.
     virtual int Choose(QWidget* Parent, const QString& Question, const QStringList& Answers);
     virtual QString AskFile(QWidget* Parent, const QString& Title, const QString& Filter);  // empty: none
+    // Where to write; a file that is there already is asked about. Filters apart by ";;", the first one proposed; a
+    // name without an ending gets that of the chosen filter. Empty: nowhere.
+    virtual QString AskSaveFile(QWidget* Parent, const QString& Title, const QString& Name, const QString& Filters);
+    // Which printer and how; false: none.
+    virtual bool AskPrinter(QWidget* Parent, QPrinter& Printer);
 
 private:
     const TRenderContext& FContext;  // borrowed; for the texts of the buttons

@@ -21,7 +21,9 @@ public:
                std::function<void(fw::TIBaseView& View)> Open);
 
     // What stands at a place of the menus ("users", "workspaces") that no command fills; asked whenever they are built.
-    void Fill(const std::string& Place, std::function<void(QMenu& Menu)> Filler) { FFillers[Place] = std::move(Filler); }
+    void Fill(const std::string& Place, std::function<void(QMenu& Menu)> Filler) {
+        FFillers[Place] = std::move(Filler);
+    }
 
     // Anew on every change of language, user, skin or packages: the descriptors are asked again.
     void Build();

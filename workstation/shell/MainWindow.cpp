@@ -103,6 +103,8 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
                                           [this](fw::TIBaseView& View) { FDocks->Open(View); });
     FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,
                                                     [this](const auto& Key, const auto& Args) { Say(Key, Args); });
+    FExport = std::make_unique<TExportFlow>(TExportFlow::TPlaces{FContext, *FDialogs, *FDocks, *FClipboard, *this},
+                                            *FCommands, [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     BindCommands();
     BuildMenus();
 }

@@ -12,6 +12,7 @@
 #include "workstation/shell/ClipboardFlow.h"
 #include "workstation/shell/Commands.h"
 #include "workstation/shell/Dialogs.h"
+#include "workstation/shell/ExportFlow.h"
 #include "workstation/shell/MainMenus.h"
 #include "workstation/shell/MessageList.h"
 #include "workstation/shell/MessagesPanel.h"
@@ -88,6 +89,7 @@ private:
     std::unique_ptr<TCommands> FCommands;
     std::unique_ptr<TMainMenus> FMenus;
     std::unique_ptr<TViewCommands> FViewCommands;
+    std::unique_ptr<TExportFlow> FExport;
     std::unique_ptr<TClipboardFlow> FClipboard;
     std::unique_ptr<TStrategyRun> FRun;
     fw::TFrame* FRunFrame = nullptr;  // the view that FRun types into

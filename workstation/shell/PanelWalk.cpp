@@ -56,7 +56,8 @@ void WalkPanels(QMainWindow& Window, int Step) {
     if (Panels.empty()) return;
     const int Count = static_cast<int>(Panels.size());
     QWidget* Here = PanelOf(QApplication::focusWidget());
-    const auto Found = std::find_if(Panels.begin(), Panels.end(), [&](const TPanel& Each) { return Each.Widget == Here; });
+    const auto Found =
+        std::find_if(Panels.begin(), Panels.end(), [&](const TPanel& Each) { return Each.Widget == Here; });
     const int Start = Found != Panels.end() ? static_cast<int>(Found - Panels.begin()) : Step > 0 ? -1 : Count;
     const TPanel& Next = Panels[static_cast<size_t>((Start + Step + Count) % Count)];
     QWidget* Stop = Next.Widget->focusWidget();

@@ -25,9 +25,10 @@ struct TTableKey {
     const char* Keys;
     const char* TextKey;
 };
-constexpr TTableKey kTableKeys[] = {
-    {"Return", "Res_KeyOpenCell"}, {"F2", "Res_KeyOpenCell"},   {"Tab", "Res_KeyNextCell"}, {"F4", "Res_KeyDropDown"},
-    {"Ins", "Res_KeyInputRow"},    {"Del", "Res_KeyEmptyCell"}, {"Ctrl+D", "Res_KeyFillDown"}, {"Esc", "Res_KeyCancelEdit"}};
+constexpr TTableKey kTableKeys[] = {{"Return", "Res_KeyOpenCell"}, {"F2", "Res_KeyOpenCell"},
+                                    {"Tab", "Res_KeyNextCell"},    {"F4", "Res_KeyDropDown"},
+                                    {"Ins", "Res_KeyInputRow"},    {"Del", "Res_KeyEmptyCell"},
+                                    {"Ctrl+D", "Res_KeyFillDown"}, {"Esc", "Res_KeyCancelEdit"}};
 
 class TSheet : public QDialog {
 public:
@@ -55,7 +56,8 @@ TSheet::TSheet(TCommands& Commands, const TRenderContext& Context, QWidget* Pare
     FFilter->setAccessibleName(FFilter->placeholderText());
     FFilter->setClearButtonEnabled(true);
     FTable->setAccessibleName(windowTitle());
-    FTable->setHorizontalHeaderLabels({Context.Translate("Res_ShortcutsMenu"), Context.Translate("Res_ShortcutsCommand"),
+    FTable->setHorizontalHeaderLabels({Context.Translate("Res_ShortcutsMenu"),
+                                       Context.Translate("Res_ShortcutsCommand"),
                                        Context.Translate("Res_ShortcutsKeys")});
     FTable->horizontalHeader()->setSectionResizeMode(kCommandColumn, QHeaderView::Stretch);
     FTable->verticalHeader()->hide();
@@ -92,10 +94,10 @@ void TSheet::Filter(const QString& Words) {
     const QStringList Wanted = Words.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (int Row = 0; Row < FTable->rowCount(); ++Row) {
         QString Line;
-        for (int Column = 0; Column < kColumnCount; ++Column) Line += FTable->item(Row, Column)->text() + QLatin1Char(' ');
-        const bool Fits = std::all_of(Wanted.begin(), Wanted.end(), [&](const QString& Word) {
-            return Line.contains(Word, Qt::CaseInsensitive);
-        });
+        for (int Column = 0; Column < kColumnCount; ++Column)
+            Line += FTable->item(Row, Column)->text() + QLatin1Char(' ');
+        const bool Fits = std::all_of(Wanted.begin(), Wanted.end(),
+                                      [&](const QString& Word) { return Line.contains(Word, Qt::CaseInsensitive); });
         FTable->setRowHidden(Row, !Fits);
     }
 }

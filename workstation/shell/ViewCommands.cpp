@@ -50,10 +50,14 @@ TViewCommands::TViewCommands(TCommands& Commands, TViewDocks& Docks, TSay Say)
     for (const TButtonCommand& Each : kButtons) BindButton(Each.Id, Each.Control);
     for (const TCaptionCommand& Each : kCaptionButtons) BindCaptionButton(Each.Id, Each.Icons[0], Each.Icons[1]);
     const auto Any = [this] { return FDocks.Current() != nullptr; };
-    FCommands.Bind("view.float", [this] { FDocks.Current()->TitleBar().FloatButton().click(); }, Any);
-    FCommands.Bind("view.close", [this] { FDocks.Current()->close(); }, Any);
-    FCommands.Bind("view.next", [this] { Walk(1); }, Any);
-    FCommands.Bind("view.previous", [this] { Walk(-1); }, Any);
+    FCommands.Bind(
+        "view.float", [this] { FDocks.Current()->TitleBar().FloatButton().click(); }, Any);
+    FCommands.Bind(
+        "view.close", [this] { FDocks.Current()->close(); }, Any);
+    FCommands.Bind(
+        "view.next", [this] { Walk(1); }, Any);
+    FCommands.Bind(
+        "view.previous", [this] { Walk(-1); }, Any);
 }
 
 void TViewCommands::BindButton(const char* Id, const char* Control) {
@@ -76,8 +80,13 @@ void TViewCommands::Press(const char* Control) {
 
 void TViewCommands::BindCaptionButton(const char* Id, std::string_view On, std::string_view Off) {
     FCommands.Bind(
-        Id, [this, On, Off] { PressCaptionButton(*FDocks.Current(), {On, Off}); },
-        [this, On, Off] { return FDocks.Current() && FindCaptionButton(*FDocks.Current(), {On, Off}) >= 0; });
+        Id,
+        [this, On, Off] {
+            PressCaptionButton(*FDocks.Current(), {On, Off});
+        },
+        [this, On, Off] {
+            return FDocks.Current() && FindCaptionButton(*FDocks.Current(), {On, Off}) >= 0;
+        });
 }
 
 // In the order of opening, round the end.

@@ -49,6 +49,17 @@ TEST_F(TGridTextTest, HtmlKeepsWhatLooksLikeATag) {
     EXPECT_EQ(Html.Tail(), "</table>\n");
 }
 
+TEST_F(TGridTextTest, AFileHasPointsBeforeDecimalsAndQuotesWhatNeedsIt) {
+    const TScopedNumberFormat German("de_DE");
+    Data.SetValue(0, kSymbol, "a,\"b\"\nc");
+    Data.SetValue(0, kPremium, 1.5);
+    Data.SetValue(0, kQuantity, 1234567);
+    const TGridText Csv(View, ETextForm::Csv);
+    EXPECT_EQ(Csv.Head(), "Symbol,Side,Premium,Qty,<Memo>\r\n");
+    EXPECT_EQ(Csv.Record(0), "\"a,\"\"b\"\"\nc\",,1.5,1234567,\r\n");
+    EXPECT_EQ(Csv.Tail(), "");
+}
+
 TEST_F(TGridTextTest, ACellStaysOneCellOfOneLine) {
     Data.SetValue(0, kSymbol, "A\tB\r\nC");
     EXPECT_EQ(TGridText(View, ETextForm::Tabs).Record(0), "A B  C\t\t\t\t\n");
