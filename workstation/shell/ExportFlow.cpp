@@ -21,7 +21,7 @@ namespace {
 
 constexpr char kChart[] = "DataChart";  // form name
 constexpr QSize kChartSize(960, 540);
-constexpr int64_t kPrintedRows = 500;      // a longer table is asked about before it is printed
+constexpr int64_t kPrintedRows = 500;     // a longer table is asked about before it is printed
 constexpr int64_t kMostPrinted = 20'000;  // a longer one is for a file
 
 struct TPictureEnding {
@@ -48,10 +48,12 @@ fw::Text Grouped(int64_t Count) { return fw::FormatNumber(static_cast<double>(Co
 
 TExportFlow::TExportFlow(TPlaces Places, TCommands& Commands, TClipboardFlow::TSay Say)
     : FPlaces(Places), FSay(std::move(Say)) {
-    Commands.Bind("file.export-chart", [this] { ExportChart(); }, [this] { return DockWithChart() != nullptr; });
-    Commands.Bind("file.export-table", [this] { ExportTable(); },
-                  [this] { return FPlaces.Clipboard.FocusedTable() != nullptr; });
-    Commands.Bind("file.print", [this] { Print(); }, [this] { return FPlaces.Docks.Current() != nullptr; });
+    Commands.Bind(
+        "file.export-chart", [this] { ExportChart(); }, [this] { return DockWithChart() != nullptr; });
+    Commands.Bind(
+        "file.export-table", [this] { ExportTable(); }, [this] { return FPlaces.Clipboard.FocusedTable() != nullptr; });
+    Commands.Bind(
+        "file.print", [this] { Print(); }, [this] { return FPlaces.Docks.Current() != nullptr; });
 }
 
 TViewDock* TExportFlow::DockWithChart() const {
@@ -103,8 +105,8 @@ bool TExportFlow::WriteTable(fw::TGridTableView& View, const QString& File) {
     const auto Write = [&Out](const fw::Text& Line) {
         return Out.write(Line.data(), static_cast<qint64>(Line.size())) == static_cast<qint64>(Line.size());
     };
-    const int64_t Count = View.GetDataControl() ? View.GetDataControl()->GetCount()
-                                                : View.GetDataController().GetRecordCount();
+    const int64_t Count =
+        View.GetDataControl() ? View.GetDataControl()->GetCount() : View.GetDataController().GetRecordCount();
     bool Written = Write(Csv.Head());
     const TRenderContext& Context = FPlaces.Context;
     const auto End = StreamRows(View, 0, Count, Context.Translate("Res_ExportRunning", {Grouped(Count)}),

@@ -44,8 +44,9 @@ public:
     QString Html(const QString& Caption) const {
         return QStringLiteral("<h1>%1</h1><p>%2</p><p>%3</p>%4")
             .arg(Caption.toHtmlEscaped(), FFields.join(QStringLiteral(" &nbsp; ")),
-                 FPaper.Translate("Res_PrintMade",
-                                  {FromQt(QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")))})
+                 FPaper
+                     .Translate("Res_PrintMade",
+                                {FromQt(QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")))})
                      .toHtmlEscaped(),
                  FParts);
     }
@@ -71,9 +72,10 @@ private:
         for (int Row = 0; Row < Count; ++Row)
             if (Results || fw::HasContent(View, Row)) Text += Html.Record(Row);
         // The captions stand on every page that the table reaches.
-        FParts += QStringLiteral("<p></p>") + ToQt(Text + Html.Tail())
-                                                  .replace(QLatin1String("<tr><th>"), QLatin1String("<thead><tr><th>"))
-                                                  .replace(QLatin1String("</th></tr>"), QLatin1String("</th></tr></thead>"));
+        FParts +=
+            QStringLiteral("<p></p>") + ToQt(Text + Html.Tail())
+                                            .replace(QLatin1String("<tr><th>"), QLatin1String("<thead><tr><th>"))
+                                            .replace(QLatin1String("</th></tr>"), QLatin1String("</th></tr></thead>"));
     }
     void TakeChart(fw::TChart& Chart) {
         QBuffer Png;
