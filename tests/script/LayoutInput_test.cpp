@@ -43,9 +43,10 @@ TEST_F(TLayoutInput, ATextCutAnywhereLeavesTheViewWhole) {
 TEST_F(TLayoutInput, UnknownKeysWrongNumbersAndCodesThatAreGoneArePassedOver) {
     Choose("HKFE", "HHI", "2027-01");
     const fw::Text Before = Layout();
-    for (const char* Data : {"Zoom=9,Exchange2=XDER,=,==,Colour", "ShowHideState=many,ShowHintState=1e9",
-                             "ShowHideState=99999999999,ShowHintState=-99999999999", "Exchange=GONE,Series=GONE,Month=1999-01",
-                             "\"ColList=no;numbers,here;999999,5,1;0,-1,1;0,0,x\"", "Account=NOBODY"}) {
+    for (const char* Data :
+         {"Zoom=9,Exchange2=XDER,=,==,Colour", "ShowHideState=many,ShowHintState=1e9",
+          "ShowHideState=99999999999,ShowHintState=-99999999999", "Exchange=GONE,Series=GONE,Month=1999-01",
+          "\"ColList=no;numbers,here;999999,5,1;0,-1,1;0,0,x\"", "Account=NOBODY"}) {
         Restore(Data);
         ExpectWhole();
         EXPECT_EQ(Value("Month"), "2027-01") << Data;

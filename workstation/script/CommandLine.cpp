@@ -89,7 +89,7 @@ const std::vector<TOption>& Options() {
         {"--down", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Down = Number("--down", V); }},
         {"--up", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Up = Number("--up", V); }},
         {"--interval", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Interval = Number("--interval", V); }},
-        {"--out", {Headless, Picture}, true, [](auto& C, auto& V) { C.Out = V; }},
+        {"--out", {Headless, Picture, Pictures}, true, [](auto& C, auto& V) { C.Out = V; }},
     };
     return kOptions;
 }
@@ -102,14 +102,16 @@ ERunMode ModeOf(const std::vector<std::string>& Arguments) {
     if (Has("--version")) return ERunMode::Version;
     if (Has("--headless")) return ERunMode::Headless;
     if (Has("--picture")) return ERunMode::Picture;
+    if (Has("--pictures")) return ERunMode::Pictures;
     if (!Arguments.empty() && Arguments.front() == "import") return ERunMode::Import;
     return ERunMode::Window;
 }
 
 void Check(const TCommandLine& Line) {
     if (Line.Mode == ERunMode::Import && Line.ImportFile.empty()) throw TUsageError{"Res_UsageImportFile", {}};
-    if ((Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture) && Line.Out.empty())
-        throw TUsageError{"Res_UsageOut", {}};
+    const bool Writes =
+        Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture || Line.Mode == ERunMode::Pictures;
+    if (Writes && Line.Out.empty()) throw TUsageError{"Res_UsageOut", {}};
     if (Line.Mode == ERunMode::Headless && !Line.ImportFile.empty() && Line.Strategy.Legs.empty())
         throw TUsageError{"Res_UsageImportLegs", {}};
 }
@@ -129,7 +131,9 @@ TCommandLine ParseCommandLine(const std::vector<std::string>& Arguments) {
     if (Line.Mode == ERunMode::Help || Line.Mode == ERunMode::Version) return Line;
     for (size_t i = 0; i < Arguments.size(); ++i) {
         const auto& Argument = Arguments[i];
-        if (Argument == "--headless" || Argument == "--picture" || (i == 0 && Argument == "import")) continue;
+        if (Argument == "--headless" || Argument == "--picture" || Argument == "--pictures" ||
+            (i == 0 && Argument == "import"))
+            continue;
         const auto Option =
             std::find_if(Options().begin(), Options().end(), [&](const TOption& O) { return Argument == O.Name; });
         if (Option == Options().end()) {

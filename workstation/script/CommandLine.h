@@ -12,7 +12,7 @@
 
 namespace ws {
 
-enum class ERunMode { Window, Headless, Import, Picture, Help, Version };
+enum class ERunMode { Window, Headless, Import, Picture, Pictures, Help, Version };
 
 // What the program was asked to do.
 struct TCommandLine {
@@ -22,7 +22,7 @@ struct TCommandLine {
     bool SkipBadLines = false;         // --skip-bad-lines
     EDateOrder DateOrder = EDateOrder::Unstated;
     TStrategy Strategy;         // of the headless job; no legs: the first start's
-    std::filesystem::path Out;  // folder of the headless job, file of the picture
+    std::filesystem::path Out;  // folder of the headless job and the guide's pictures, file of the picture
     std::string Skin;           // --skin, window and picture
     std::string Language;       // --language en|zh-Hant|zh-Hans; "": as remembered
     std::string NumberFormat;   // --number-format; "": as remembered

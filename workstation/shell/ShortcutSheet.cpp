@@ -61,6 +61,8 @@ TSheet::TSheet(TCommands& Commands, const TRenderContext& Context, QWidget* Pare
                                        Context.Translate("Res_ShortcutsKeys")});
     FTable->horizontalHeader()->setSectionResizeMode(kCommandColumn, QHeaderView::Stretch);
     FTable->verticalHeader()->hide();
+    FTable->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    FTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     FTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     FTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     FTable->setTabKeyNavigation(false);

@@ -63,9 +63,9 @@ TWorkstationOptions OptionsOf(const TCommandLine& Line) {
     TWorkstationOptions Options;
     Options.SampleFolder = SampleFolder();
     Options.User = Line.User;
-    Options.InMemory = Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture;
+    Options.InMemory = Line.Mode == ERunMode::Headless || IsOfPictures(Line.Mode);
     if (Line.Mode == ERunMode::Window) Options.NumberFormat = EnvironmentNumberFormat();
-    if (Line.Mode == ERunMode::Picture) Options.StoreFile = PackageFolder() / "no-such-store";  // the sample alone
+    if (IsOfPictures(Line.Mode)) Options.StoreFile = PackageFolder() / "no-such-store";  // the sample alone
     return Options;
 }
 
@@ -74,6 +74,8 @@ void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line) {
     if (!Line.Skin.empty()) Workstation.SetSkin(Line.Skin);
     if (!Line.NumberFormat.empty()) Workstation.SetNumberFormat(Line.NumberFormat);
 }
+
+bool IsOfPictures(ERunMode Mode) { return Mode == ERunMode::Picture || Mode == ERunMode::Pictures; }
 
 void FixPictureClock() { fw::TClock::Fix(kPictureDay + kPictureHour); }
 

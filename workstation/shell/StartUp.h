@@ -20,6 +20,9 @@ TWorkstationOptions OptionsOf(const TCommandLine& Line);
 // Language, skin and number format of the command line.
 void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line);
 
+// Whether the mode draws pictures of the window: on the sample market alone, at a fixed moment.
+bool IsOfPictures(ERunMode Mode);
+
 // The moment at which the picture of the window is taken.
 void FixPictureClock();
 

@@ -11,6 +11,7 @@
 #include "workstation/script/HeadlessJob.h"
 #include "workstation/services/Workstation.h"
 #include "workstation/shell/Application.h"
+#include "workstation/shell/GuidePictures.h"
 #include "workstation/shell/MainWindow.h"
 #include "workstation/shell/PackageLoader.h"
 #include "workstation/shell/Picture.h"
@@ -73,6 +74,20 @@ int RunPicture(TWorkstation& Workstation, TRenderContext& Context, const TComman
     return kExitFailed;
 }
 
+int RunPictures(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
+    TMainWindow Window(Workstation, Context, std::make_unique<TDialogs>(Context));
+    LoadPackages(PackageFolder());
+    Window.ReloadViews();
+    Window.resize(kPictureSize);
+    Window.show();
+    std::error_code Failed;
+    std::filesystem::create_directories(Line.Out, Failed);
+    const auto Wrote = [](const std::filesystem::path& File) { std::cout << File.string() << '\n'; };
+    if (MakeGuidePictures(Window, Line.Out, Wait, Wrote)) return kExitDone;
+    std::cerr << Workstation.Language().Resource("Res_FileNotWritten", {Line.Out.string(), ""}) << '\n';
+    return kExitFailed;
+}
+
 int RunHeadless(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
     TLogPrinter Printer(Workstation);
     const TServiceLoop Loop(Workstation);
@@ -94,7 +109,7 @@ int RunHeadless(TWorkstation& Workstation, TRenderContext& Context, const TComma
 }
 
 int Run(const TCommandLine& Line) {
-    if (Line.Mode == ERunMode::Picture) FixPictureClock();
+    if (IsOfPictures(Line.Mode)) FixPictureClock();
     TWorkstation Workstation(OptionsOf(Line));
     ApplyChoices(Workstation, Line);
     if (Line.Mode == ERunMode::Import) return RunImport(Workstation, Line, std::cout, std::cerr);
@@ -102,6 +117,7 @@ int Run(const TCommandLine& Line) {
     Context.SetSkin(Workstation.LookAndFeel().GetSkinName());
     if (Line.Mode == ERunMode::Headless) return RunHeadless(Workstation, Context, Line);
     if (Line.Mode == ERunMode::Picture) return RunPicture(Workstation, Context, Line);
+    if (Line.Mode == ERunMode::Pictures) return RunPictures(Workstation, Context, Line);
     return RunWindow(Workstation, Context);
 }
 
@@ -117,7 +133,7 @@ int main(int ArgumentCount, char** Arguments) {
     }
     if (Line.Mode == ERunMode::Help) return std::cout << StartUpText("Res_UsageHelp", {}) << '\n', kExitDone;
     if (Line.Mode == ERunMode::Version) return std::cout << VENTIQ_VERSION << '\n', kExitDone;
-    const bool Drawn = Line.Mode == ERunMode::Headless || Line.Mode == ERunMode::Picture;
+    const bool Drawn = Line.Mode == ERunMode::Headless || IsOfPictures(Line.Mode);
     if (Drawn) qputenv("QT_QPA_PLATFORM", "offscreen");
     try {
         if (Line.Mode == ERunMode::Import) return Run(Line);
