@@ -88,7 +88,9 @@ void PointAtChart(TStage& Stage) {
     auto* Chart = Stage.Find<TChartRenderer>();
     if (!Chart) return;
     const QRect Area = Chart->GetPlotArea();
-    Stage.Frame().FindControl<fw::TChart>("DataChart")->MouseMove(Area.left() + Area.width() * 2 / 3, Area.center().y());
+    Stage.Frame()
+        .FindControl<fw::TChart>("DataChart")
+        ->MouseMove(Area.left() + Area.width() * 2 / 3, Area.center().y());
 }
 
 constexpr TScene kScenes[] = {
@@ -124,8 +126,7 @@ constexpr TScene kScenes[] = {
          Stage.Settle();
          Stage.Shoot();
      }},
-    {"confirm",
-     [](TStage& Stage) { Stage.ShootDuring([&] { Stage.Window().Commands().Run("view.submit"); }); }},
+    {"confirm", [](TStage& Stage) { Stage.ShootDuring([&] { Stage.Window().Commands().Run("view.submit"); }); }},
     {"shortcuts",
      [](TStage& Stage) {
          Stage.Window().Commands().Run("help.shortcuts");
