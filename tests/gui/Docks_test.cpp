@@ -196,6 +196,12 @@ TEST_F(DocksTest, MenusFollowTheDescriptorsLevels) {
     EXPECT_TRUE(ws::MenuOf(Catalog).empty());
 }
 
+TEST_F(DocksTest, TheMenuIsPrintedALineForEachView) {
+    std::ostringstream Out;
+    ws::PrintViews(ws::MenuOf(Catalog), Out);
+    EXPECT_EQ(Out.str(), std::to_string(View->GetViewID()) + '\t' + View->GetName() + "\tRes_Account > Payoff\n");
+}
+
 TEST_F(DocksTest, TheHintNamesWhatIsMissingNext) {
     TTestFrame& Frame = FrameOf(*Docks.Open(*View));
     EXPECT_STREQ(ws::MissingHint(Frame), "Res_HintChooseMarket");
