@@ -8,8 +8,10 @@ set(cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/WorkstationFramework)
 install(TARGETS framework EXPORT WorkstationFramework
   LIBRARY DESTINATION ${VENTIQ_LIBRARY_DIR} COMPONENT workstation NAMELINK_COMPONENT development)
 install(TARGETS ventiq LIBRARY DESTINATION ${VENTIQ_PACKAGE_DIR} COMPONENT workstation)
-install(FILES LICENSE packaging/copyright CHANGELOG.md docs/sample-market.md
+install(FILES LICENSE packaging/copyright CHANGELOG.md
   DESTINATION ${doc_dir}/ventiq-workstation COMPONENT workstation)
+install(DIRECTORY docs/ DESTINATION ${doc_dir}/ventiq-workstation COMPONENT workstation
+  PATTERN architecture.md EXCLUDE PATTERN write-a-view.md EXCLUDE PATTERN workstation.png EXCLUDE)
 install(DIRECTORY LICENSES DESTINATION ${doc_dir}/ventiq-workstation COMPONENT workstation)
 if(VENTIQ_WORKSTATION)
   install(TARGETS workstation RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT workstation)

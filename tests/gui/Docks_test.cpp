@@ -26,6 +26,7 @@ class DocksTest : public testing::Test {
 protected:
     DocksTest() : Dialogs(Context), Docks(Window, Catalog, Context, Dialogs) {
         Context.SetSkin("Light");
+        Host.Profile.Functions.clear();  // the payoff view keeps out, wherever an earlier test has loaded it
         TTestView::Visible = true;
         TTestView::FailToOpen = false;
         fw::TClassRegistry::RegisterClass("TTestView", [] { return std::make_unique<TTestView>(); });
