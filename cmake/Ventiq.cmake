@@ -12,6 +12,14 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
+# Where things are installed, below the prefix. The build folder is laid out the same way: the program looks for its
+# packages and its sample market in one place, relative to itself.
+include(GNUInstallDirs)
+set(VENTIQ_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/ventiq-workstation)
+set(VENTIQ_PACKAGE_DIR ${VENTIQ_LIBRARY_DIR}/packages)
+set(VENTIQ_SAMPLE_DIR ${CMAKE_INSTALL_DATADIR}/ventiq-workstation/sample)
+set(VENTIQ_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/ventiq-workstation)
+
 # A second build of the same text costs nothing, in another build folder or another clone of the tree either.
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)

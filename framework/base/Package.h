@@ -7,7 +7,7 @@
 // (kFrameworkVersion) and only then calls PackageInitialize, once. A package is never unloaded.
 
 namespace fw {
-inline constexpr const char* kFrameworkVersion = "1.0";
+inline constexpr const char* kFrameworkVersion = "0.1";  // major and minor version of the project
 inline constexpr const char* kPackageVersionSymbol = "PackageFrameworkVersion";
 inline constexpr const char* kPackageInitializeSymbol = "PackageInitialize";
 }  // namespace fw

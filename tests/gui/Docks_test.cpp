@@ -26,6 +26,7 @@ class DocksTest : public testing::Test {
 protected:
     DocksTest() : Dialogs(Context), Docks(Window, Catalog, Context, Dialogs) {
         Context.SetSkin("Light");
+        Host.Profile.Functions.clear();  // the payoff view keeps out, wherever an earlier test has loaded it
         TTestView::Visible = true;
         TTestView::FailToOpen = false;
         fw::TClassRegistry::RegisterClass("TTestView", [] { return std::make_unique<TTestView>(); });
@@ -194,6 +195,12 @@ TEST_F(DocksTest, MenusFollowTheDescriptorsLevels) {
     EXPECT_EQ(Menu[0].Children[0].View, View);
     TTestView::Visible = false;
     EXPECT_TRUE(ws::MenuOf(Catalog).empty());
+}
+
+TEST_F(DocksTest, TheMenuIsPrintedALineForEachView) {
+    std::ostringstream Out;
+    ws::PrintViews(ws::MenuOf(Catalog), Out);
+    EXPECT_EQ(Out.str(), std::to_string(View->GetViewID()) + '\t' + View->GetName() + "\tRes_Account > Payoff\n");
 }
 
 TEST_F(DocksTest, TheHintNamesWhatIsMissingNext) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 #include "framework/base/Log.h"
 #include "framework/base/Package.h"
@@ -82,6 +84,49 @@ TEST_F(PackageLoaderTest, AFolderGoesOnPastWhatCannotBeLoaded) {
     std::erase_if(Log, [](const fw::TLogEntry& Entry) { return Entry.Key == "good package initialised"; });
     ASSERT_EQ(Log.size(), 1u);
     EXPECT_EQ(Log[0].Key, "Res_PackageNotPackage");
+}
+
+// A variable of the environment for the length of a test; null: unset.
+class TEnvironment {
+public:
+    TEnvironment(const char* Name, const char* Value) : FName(Name) {
+        if (const char* Former = std::getenv(Name)) FFormer = Former;
+        Set(Value);
+    }
+    ~TEnvironment() { Set(FFormer ? FFormer->c_str() : nullptr); }
+    TEnvironment(const TEnvironment&) = delete;
+    TEnvironment& operator=(const TEnvironment&) = delete;
+
+private:
+    void Set(const char* Value) { Value ? setenv(FName, Value, 1) : unsetenv(FName); }
+    const char* FName;
+    std::optional<std::string> FFormer;
+};
+
+TEST_F(PackageLoaderTest, TheUsersOwnFolderComesBesideTheInstallationsAndNeedHoldNothing) {
+    const TEnvironment Data("XDG_DATA_HOME", Folder.c_str());
+    const TEnvironment Given("VENTIQ_PACKAGES", nullptr);
+    const fs::path Own = Folder / "ventiq-workstation" / "packages";
+    const int Installed = ws::LoadPackages();
+    EXPECT_EQ(Installed, 1);
+    fs::create_directories(Own);
+    EXPECT_EQ(ws::LoadPackages(), Installed);
+    EXPECT_TRUE(Log.empty());
+    fs::copy_file(fs::path(TEST_PACKAGE_FOLDER) / "package_good.so", Own / "mine.so");
+    EXPECT_EQ(ws::LoadPackages(), Installed + 1);
+}
+
+TEST_F(PackageLoaderTest, AFolderThatIsNamedTakesThePlaceOfTheUsersOwn) {
+    const TEnvironment Data("XDG_DATA_HOME", Folder.c_str());
+    const TEnvironment Given("VENTIQ_PACKAGES", Folder.c_str());
+    fs::create_directories(Folder / "ventiq-workstation" / "packages");
+    std::ofstream(Folder / "ventiq-workstation" / "packages" / "stale.so") << "not a library";
+    EXPECT_EQ(ws::LoadPackages(), 1);
+    ASSERT_EQ(Log.size(), 1u);
+    EXPECT_EQ(Log[0].Key, "Res_PackageMissing");
+    Put("package_good.so");
+    Log.clear();
+    EXPECT_EQ(ws::LoadPackages(), 2);
 }
 
 TEST_F(PackageLoaderTest, AFolderWithoutPackagesIsSaid) {

@@ -26,6 +26,8 @@ breach includes engine/A.cpp 'no header of the standard library' <<<'  #  includ
 breach includes engine/A.cpp 'may not be included from engine/' <<<'#include "orders/VentiqSubmission.h"'
 breach includes engine/A.cpp 'may not be included from engine/' <<<'#include "registration/VentiqInterface.h"'
 breach includes orders/A.cpp 'may not be included from orders/' <<<'#include "view/VentiqForm.h"'
+breach includes examples/mine/A.cpp 'may not be included from examples/' <<<'#include "workstation/shell/MainWindow.h"'
+breach includes examples/mine/A.cpp 'no header of the standard library' <<<'#include <QWidget>'
 breach includes view/A.cpp 'may not be included from view/' <<<'#include "registration/VentiqInterface.h"'
 breach includes registration/A.cpp 'may not be included from registration/' <<<'#include "workstation/shell/MainWindow.h"'
 breach includes workstation/A.cpp 'may not be included from workstation/' <<<'#include "engine/VentiqDataControl.h"'

@@ -14,6 +14,7 @@ plant run <<<"#!/usr/bin/env bash
 sound words
 
 breach words engine/A.cpp 'engine/A.cpp: the first line names no licence' <<<'int A();'
+breach words examples/mine/A.cpp 'another than Apache-2.0' <<<"// $gpl"
 breach words engine/A.cpp 'another than Apache-2.0' <<<"// $gpl"
 breach words workstation/shell/A.cpp 'another than GPL-3.0-or-later' <<<"// $apache"
 breach words tests/gui/A_test.cpp 'names no licence' <<<'// SPDX-License-Identifier: MIT'

@@ -58,6 +58,13 @@ TEST(CommandLine, HelpWinsOverEverything) {
     EXPECT_EQ(ParseCommandLine({"--headless", "--nonsense", "--help"}).Mode, ERunMode::Help);
 }
 
+TEST(CommandLine, TheViewsAreListedAndOneOfThemDrawn) {
+    EXPECT_EQ(ParseCommandLine({"--list-views", "--user", "clerk"}).Mode, ERunMode::ListViews);
+    const auto Line = ParseCommandLine({"--picture", "--view", "Mine_1", "--out", "mine.png"});
+    EXPECT_EQ(Line.Mode, ERunMode::Picture);
+    EXPECT_EQ(Line.View, "Mine_1");
+}
+
 TEST(CommandLine, WrongArgumentsAreNamed) {
     const struct {
         const char* Why;
@@ -77,6 +84,8 @@ TEST(CommandLine, WrongArgumentsAreNamed) {
         {"a leg with an unknown side", {"--headless", "--leg", "HSI,hold,1,1", "--out", "o"}, "Res_UsageLeg"},
         {"a leg with too much", {"--headless", "--leg", "HSI,buy,1,1,", "--out", "o"}, "Res_UsageLeg"},
         {"import without legs", {"--headless", "--import", "f", "--out", "o"}, "Res_UsageImportLegs"},
+        {"a view without a picture", {"--view", "Mine_1"}, "Res_UsageMode"},
+        {"a view among all", {"--list-views", "--view", "Mine_1"}, "Res_UsageMode"},
         {"legs in a window", {"--leg", "HSI,buy,1,1"}, "Res_UsageMode"},
         {"date order", {"import", "f", "--date-order", "upwards"}, "Res_UsageDateOrder"},
         {"skin", {"--skin", "Pink"}, "Res_UsageSkin"},

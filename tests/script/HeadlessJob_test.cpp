@@ -68,4 +68,33 @@ TEST_F(THeadlessJobTest, AWeeklyContractFindsItsMonth) {
     EXPECT_EQ(RunJob({"--leg", "HSI26400L6W11,buy,10,1"}), kExitDone) << Errors.str();
 }
 
+// A descriptor that opens nothing, or says why.
+struct TClosedView : fw::TIBaseView {
+    const char* Reason = nullptr;
+    int64_t OpenNewInstance() override { return Reason ? throw std::runtime_error(Reason) : 0; }
+};
+
+TEST_F(THeadlessJobTest, AViewIsOpenedAndDrawnAloneAndClosed) {
+    const auto Line = ParseCommandLine({"--picture", "--view", "Ventiq_620", "--out", (Folder / "view.png").string()});
+    EXPECT_EQ(RunViewPicture(*Station, View, Line, JobHost(), Out, Errors), kExitDone) << Errors.str();
+    EXPECT_TRUE(std::filesystem::exists(Folder / "view.png"));
+    EXPECT_EQ(Out.str(), (Folder / "view.png").string() + '\n');
+    EXPECT_TRUE(View.OpenViews().empty());
+}
+
+TEST_F(THeadlessJobTest, AViewThatCannotBeDrawnIsSaid) {
+    const auto Line =
+        ParseCommandLine({"--picture", "--view", "Mine_1", "--out", (Folder / "no" / "view.png").string()});
+    EXPECT_EQ(RunViewPicture(*Station, View, Line, JobHost(), Out, Errors), kExitFailed);
+    EXPECT_NE(Errors.str().find("view.png"), std::string::npos);
+    TClosedView Closed;
+    for (const char* Reason : {static_cast<const char*>(nullptr), "no room for a view"}) {
+        Closed.Reason = Reason;
+        Errors.str({});
+        EXPECT_EQ(RunViewPicture(*Station, Closed, Line, JobHost(), Out, Errors), kExitFailed);
+        EXPECT_NE(Errors.str().find("Mine_1"), std::string::npos);
+        EXPECT_NE(Errors.str().find(Reason ? Reason : ""), std::string::npos);
+    }
+}
+
 }  // namespace ws

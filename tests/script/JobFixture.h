@@ -19,14 +19,17 @@ protected:
     std::ostringstream Out, Errors;
     TJobFixture() { Open(); }
 
-    int RunJob(std::vector<std::string> Arguments) {
-        Arguments.insert(Arguments.begin(), {"--headless", "--out", (Folder / "out").string()});
+    THeadlessHost JobHost() {
         THeadlessHost Host;
         Host.Wait = [this](int) { Run(1); };
         Host.DrawView = [](fw::TFrame& Frame, const std::filesystem::path& File) {
             return static_cast<bool>(std::ofstream(File) << Frame.Controls().Controls().size());
         };
-        return RunHeadlessJob(*Station, View, ParseCommandLine(Arguments), Host, Out, Errors);
+        return Host;
+    }
+    int RunJob(std::vector<std::string> Arguments) {
+        Arguments.insert(Arguments.begin(), {"--headless", "--out", (Folder / "out").string()});
+        return RunHeadlessJob(*Station, View, ParseCommandLine(Arguments), JobHost(), Out, Errors);
     }
     std::vector<std::string> Lines(const char* File) {
         std::ifstream Stream(Folder / "out" / File);

@@ -2,6 +2,7 @@
 #include "workstation/script/CommandLine.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <sstream>
 
@@ -49,7 +50,7 @@ std::string NumberFormats() {
 const std::vector<TOption>& Options() {
     using enum ERunMode;
     static const std::vector<TOption> kOptions{
-        {"--user", {Window, Headless, Picture}, true, [](auto& C, auto& V) { C.User = V; }},
+        {"--user", {Window, Headless, Picture, ListViews}, true, [](auto& C, auto& V) { C.User = V; }},
         {"--skin",
          {Window, Headless, Picture},
          true,
@@ -59,7 +60,7 @@ const std::vector<TOption>& Options() {
              C.Skin = V;
          }},
         {"--language",
-         {Window, Headless, Picture},
+         {Window, Headless, Picture, ListViews},
          true,
          [](auto& C, auto& V) {
              if (!LanguageIndexOf(V)) throw TUsageError{"Res_UsageLanguage", {V}};
@@ -89,22 +90,30 @@ const std::vector<TOption>& Options() {
         {"--down", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Down = Number("--down", V); }},
         {"--up", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Up = Number("--up", V); }},
         {"--interval", {Headless}, true, [](auto& C, auto& V) { C.Strategy.Interval = Number("--interval", V); }},
+        {"--view", {Picture}, true, [](auto& C, auto& V) { C.View = V; }},
         {"--out", {Headless, Picture, Pictures}, true, [](auto& C, auto& V) { C.Out = V; }},
     };
     return kOptions;
 }
 
+struct TModeName {
+    const char* Name;
+    ERunMode Mode;
+};
+// The first of them that is given anywhere decides.
+constexpr std::array kModes{TModeName{"--help", ERunMode::Help},           TModeName{"-h", ERunMode::Help},
+                            TModeName{"--version", ERunMode::Version},     TModeName{"--headless", ERunMode::Headless},
+                            TModeName{"--picture", ERunMode::Picture},     TModeName{"--pictures", ERunMode::Pictures},
+                            TModeName{"--list-views", ERunMode::ListViews}};
+
 ERunMode ModeOf(const std::vector<std::string>& Arguments) {
-    const auto Has = [&](const char* Name) {
-        return std::find(Arguments.begin(), Arguments.end(), Name) != Arguments.end();
-    };
-    if (Has("--help") || Has("-h")) return ERunMode::Help;
-    if (Has("--version")) return ERunMode::Version;
-    if (Has("--headless")) return ERunMode::Headless;
-    if (Has("--picture")) return ERunMode::Picture;
-    if (Has("--pictures")) return ERunMode::Pictures;
-    if (!Arguments.empty() && Arguments.front() == "import") return ERunMode::Import;
-    return ERunMode::Window;
+    for (const TModeName& Each : kModes)
+        if (std::find(Arguments.begin(), Arguments.end(), Each.Name) != Arguments.end()) return Each.Mode;
+    return !Arguments.empty() && Arguments.front() == "import" ? ERunMode::Import : ERunMode::Window;
+}
+
+bool IsModeName(const std::string& Argument) {
+    return std::any_of(kModes.begin(), kModes.end(), [&](const TModeName& Each) { return Argument == Each.Name; });
 }
 
 void Check(const TCommandLine& Line) {
@@ -131,9 +140,7 @@ TCommandLine ParseCommandLine(const std::vector<std::string>& Arguments) {
     if (Line.Mode == ERunMode::Help || Line.Mode == ERunMode::Version) return Line;
     for (size_t i = 0; i < Arguments.size(); ++i) {
         const auto& Argument = Arguments[i];
-        if (Argument == "--headless" || Argument == "--picture" || Argument == "--pictures" ||
-            (i == 0 && Argument == "import"))
-            continue;
+        if (IsModeName(Argument) || (i == 0 && Argument == "import")) continue;
         const auto Option =
             std::find_if(Options().begin(), Options().end(), [&](const TOption& O) { return Argument == O.Name; });
         if (Option == Options().end()) {

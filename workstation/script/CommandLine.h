@@ -12,7 +12,7 @@
 
 namespace ws {
 
-enum class ERunMode { Window, Headless, Import, Picture, Pictures, Help, Version };
+enum class ERunMode { Window, Headless, Import, Picture, Pictures, ListViews, Help, Version };
 
 // What the program was asked to do.
 struct TCommandLine {
@@ -23,6 +23,7 @@ struct TCommandLine {
     EDateOrder DateOrder = EDateOrder::Unstated;
     TStrategy Strategy;         // of the headless job; no legs: the first start's
     std::filesystem::path Out;  // folder of the headless job and the guide's pictures, file of the picture
+    std::string View;           // --view: the picture is of this view alone
     std::string Skin;           // --skin, window and picture
     std::string Language;       // --language en|zh-Hant|zh-Hans; "": as remembered
     std::string NumberFormat;   // --number-format; "": as remembered

@@ -13,6 +13,7 @@ namespace ws {
 namespace {
 
 constexpr std::chrono::seconds kPatience{10};
+constexpr int kSettlingMs = 2 * kTimerPeriodMs;  // what a view asks for when it opens has come
 
 // Closes the instance whatever happens.
 class TOpenView {
@@ -21,6 +22,7 @@ public:
     ~TOpenView() { FView.CloseInstance(FHandle); }
     TOpenView(const TOpenView&) = delete;
     TOpenView& operator=(const TOpenView&) = delete;
+    bool IsOpen() const { return FView.FindView(FHandle) != nullptr; }
     fw::TFrame& Frame() const { return *FView.FindView(FHandle); }
 
 private:
@@ -117,6 +119,26 @@ int RunHeadlessJob(TWorkstation& Workstation, fw::TIBaseView& View, const TComma
     }
     for (const char* File : {"payoff.csv", "keyprices.csv", "payoff.png"}) Out << (Line.Out / File).string() << '\n';
     return kExitDone;
+}
+
+int RunViewPicture(TWorkstation& Workstation, fw::TIBaseView& View, const TCommandLine& Line, const THeadlessHost& Host,
+                   std::ostream& Out, std::ostream& Errors) {
+    std::string Reason;
+    try {
+        if (TOpenView Open(View); Open.IsOpen()) {
+            Host.Wait(kSettlingMs);
+            if (!Host.DrawView(Open.Frame(), Line.Out)) {
+                Errors << Workstation.Language().Resource("Res_FileNotWritten", {Line.Out.string(), ""}) << '\n';
+                return kExitFailed;
+            }
+            Out << Line.Out.string() << '\n';
+            return kExitDone;
+        }
+    } catch (const std::exception& Error) {
+        Reason = Error.what();
+    }
+    Errors << Workstation.Language().Resource("Res_ViewOpenFailed", {Line.View, Reason}) << '\n';
+    return kExitFailed;
 }
 
 }  // namespace ws

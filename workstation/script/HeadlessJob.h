@@ -26,6 +26,10 @@ struct THeadlessHost {
 int RunHeadlessJob(TWorkstation& Workstation, fw::TIBaseView& View, const TCommandLine& Line, const THeadlessHost& Host,
                    std::ostream& Out, std::ostream& Errors);
 
+// Opens the view and draws it into Line.Out.
+int RunViewPicture(TWorkstation& Workstation, fw::TIBaseView& View, const TCommandLine& Line, const THeadlessHost& Host,
+                   std::ostream& Out, std::ostream& Errors);
+
 // `import FILE`: reads the chain into the store and prints what was done.
 int RunImport(TWorkstation& Workstation, const TCommandLine& Line, std::ostream& Out, std::ostream& Errors);
 

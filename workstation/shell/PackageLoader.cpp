@@ -4,6 +4,7 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <set>
 #include <string>
 #include <system_error>
@@ -11,12 +12,15 @@
 
 #include "framework/base/Log.h"
 #include "framework/base/Package.h"
+#include "workstation/store/Store.h"
 
 namespace ws {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr char kPackagesVariable[] = "VENTIQ_PACKAGES";  // a folder in place of the user's own
 
 using TVersionFunction = const char* (*)();
 using TInitializeFunction = void (*)();
@@ -49,6 +53,19 @@ bool HasOurVersion(void* Library, const fs::path& File) {
     return Refuse("Res_PackageWrongVersion", {File.string(), Said ? Said : "", fw::kFrameworkVersion});
 }
 
+std::vector<fs::path> PackagesIn(const fs::path& Folder) {
+    std::vector<fs::path> Files;
+    std::error_code Failed;
+    for (const auto& Entry : fs::directory_iterator(Folder, Failed))
+        if (Entry.path().extension() == ".so") Files.push_back(Entry.path());
+    std::sort(Files.begin(), Files.end());
+    return Files;
+}
+
+int LoadEach(const std::vector<fs::path>& Files) {
+    return static_cast<int>(std::count_if(Files.begin(), Files.end(), LoadPackage));
+}
+
 }  // namespace
 
 bool LoadPackage(const fs::path& File) {
@@ -72,20 +89,21 @@ bool LoadPackage(const fs::path& File) {
 }
 
 int LoadPackages(const fs::path& Folder) {
-    std::vector<fs::path> Files;
-    std::error_code Failed;
-    for (const auto& Entry : fs::directory_iterator(Folder, Failed))
-        if (Entry.path().extension() == ".so") Files.push_back(Entry.path());
-    std::sort(Files.begin(), Files.end());
+    const auto Files = PackagesIn(Folder);
     if (Files.empty()) Refuse("Res_PackageMissing", {(Folder / "*.so").string()});
-    return static_cast<int>(
-        std::count_if(Files.begin(), Files.end(), [](const fs::path& File) { return LoadPackage(File); }));
+    return LoadEach(Files);
 }
 
-fs::path PackageFolder() {
+int LoadPackages() {
+    const int Installed = LoadPackages(InstallFolder() / VENTIQ_PACKAGE_DIR);
+    if (const char* Given = std::getenv(kPackagesVariable); Given && *Given) return Installed + LoadPackages(Given);
+    return Installed + LoadEach(PackagesIn(DefaultStorePath().parent_path() / "packages"));
+}
+
+fs::path InstallFolder() {
     std::error_code Failed;
     const fs::path Program = fs::read_symlink("/proc/self/exe", Failed);
-    return (Failed ? fs::current_path() : Program.parent_path()) / "packages";
+    return Failed ? fs::current_path() : Program.parent_path().parent_path();
 }
 
 }  // namespace ws

@@ -14,7 +14,11 @@ int LoadPackages(const std::filesystem::path& Folder);
 
 bool LoadPackage(const std::filesystem::path& File);
 
-// packages/ beside the running program.
-std::filesystem::path PackageFolder();
+// Those of the installation, then the user's own: of $VENTIQ_PACKAGES or, where it is unset, of packages/ beside the
+// store, where none need be. Returns how many are there afterwards.
+int LoadPackages();
+
+// The prefix below which the running program was installed; in a build folder that folder, laid out the same way.
+std::filesystem::path InstallFolder();
 
 }  // namespace ws

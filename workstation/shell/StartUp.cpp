@@ -27,12 +27,9 @@ constexpr char kSampleVariable[] = "VENTIQ_SAMPLE";  // another folder of sample
 constexpr std::chrono::sys_days kPictureDay = std::chrono::year(2026) / 11 / 20;
 constexpr std::chrono::hours kPictureHour{4};
 
-// The sample files stand beside the program, or in the tree that it was built from.
 fs::path SampleFolder() {
     if (const char* Given = std::getenv(kSampleVariable); Given && *Given) return Given;
-    const fs::path Installed = PackageFolder().parent_path() / "sample";
-    std::error_code Ignored;
-    return fs::exists(Installed, Ignored) ? Installed : fs::path(VENTIQ_SAMPLE_DIR);
+    return InstallFolder() / VENTIQ_SAMPLE_DIR;
 }
 
 int EnvironmentLanguage() {
@@ -63,9 +60,9 @@ TWorkstationOptions OptionsOf(const TCommandLine& Line) {
     TWorkstationOptions Options;
     Options.SampleFolder = SampleFolder();
     Options.User = Line.User;
-    Options.InMemory = Line.Mode == ERunMode::Headless || IsOfPictures(Line.Mode);
+    Options.InMemory = Line.Mode != ERunMode::Window && Line.Mode != ERunMode::Import;
     if (Line.Mode == ERunMode::Window) Options.NumberFormat = EnvironmentNumberFormat();
-    if (IsOfPictures(Line.Mode)) Options.StoreFile = PackageFolder() / "no-such-store";  // the sample alone
+    if (IsOfPictures(Line.Mode)) Options.StoreFile = InstallFolder() / "no-such-store";  // the sample alone
     return Options;
 }
 
@@ -88,7 +85,8 @@ void TellStartFailure(const std::string& Key, const std::vector<std::string>& Ar
 }
 
 TLogPrinter::TLogPrinter(TWorkstation& Workstation) {
-    FLink = fw::TLog::Entries().Connect([&Workstation](const fw::TLogEntry& Entry) {
+    FLink = fw::TLog::Entries().Connect([this, &Workstation](const fw::TLogEntry& Entry) {
+        FSaidError |= Entry.Level == fw::ELogLevel::Error;
         if (Entry.Level != fw::ELogLevel::Info)
             std::cerr << Workstation.Language().Resource(Entry.Key, Entry.Args) << '\n';
     });

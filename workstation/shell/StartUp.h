@@ -13,8 +13,8 @@ namespace ws {
 // A text while no workstation stands yet: in the language of the environment.
 std::string StartUpText(const std::string& Key, const std::vector<std::string>& Args);
 
-// Options of the workstation that a command line asks for. The picture is made of the sample market in memory, the
-// headless job of a copy of the store.
+// Options of the workstation that a command line asks for. The picture is made of the sample market in memory, what
+// else needs no window of a copy of the store.
 TWorkstationOptions OptionsOf(const TCommandLine& Line);
 
 // Language, skin and number format of the command line.
@@ -33,8 +33,10 @@ void TellStartFailure(const std::string& Key, const std::vector<std::string>& Ar
 class TLogPrinter {
 public:
     explicit TLogPrinter(TWorkstation& Workstation);
+    bool SaidError() const { return FSaidError; }
 
 private:
+    bool FSaidError = false;
     fw::TConnection FLink;
 };
 

@@ -2,6 +2,7 @@
 #include "workstation/shell/ViewCatalog.h"
 
 #include <algorithm>
+#include <ostream>
 
 #include "framework/base/ClassRegistry.h"
 #include "framework/base/Dispatch.h"
@@ -60,6 +61,14 @@ std::vector<TMenuNode> MenuOf(const TViewCatalog& Catalog) {
         });
     }
     return Result;
+}
+
+void PrintViews(const std::vector<TMenuNode>& Menu, std::ostream& Out, const fw::Text& Path) {
+    for (const TMenuNode& Node : Menu) {
+        const fw::Text Here = Path.empty() ? Node.Caption : Path + " > " + Node.Caption;
+        if (Node.View) Out << Node.View->GetViewID() << '\t' << Node.View->GetName() << '\t' << Here << '\n';
+        PrintViews(Node.Children, Out, Here);
+    }
 }
 
 }  // namespace ws

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <iosfwd>
 #include <memory>
 #include <vector>
 
@@ -36,5 +37,8 @@ struct TMenuNode {
 // The visible views by their menu levels: nodes with one id on one level are one menu; by index, then by order of
 // registration. A view that throws is left out, with one line in the log.
 std::vector<TMenuNode> MenuOf(const TViewCatalog& Catalog);
+
+// A line for each entry: view id, name, and the captions on the way to it.
+void PrintViews(const std::vector<TMenuNode>& Menu, std::ostream& Out, const fw::Text& Path = {});
 
 }  // namespace ws

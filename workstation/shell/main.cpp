@@ -22,7 +22,7 @@ namespace {
 
 using namespace ws;
 
-constexpr QSize kHeadlessSize(1000, 600);  // the payoff view's default size
+constexpr QSize kViewSize(1000, 600);  // of a view that has no default size
 constexpr QSize kPictureSize(1280, 860);
 constexpr int kPictureMilliseconds = 12000;
 
@@ -48,7 +48,7 @@ private:
 
 int RunWindow(TWorkstation& Workstation, TRenderContext& Context) {
     TMainWindow Window(Workstation, Context, std::make_unique<TDialogs>(Context));
-    LoadPackages(PackageFolder());
+    LoadPackages();
     Window.ReloadViews();
     Window.show();
     Window.OpenStartView();
@@ -57,7 +57,7 @@ int RunWindow(TWorkstation& Workstation, TRenderContext& Context) {
 
 int RunPicture(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
     TMainWindow Window(Workstation, Context, std::make_unique<TDialogs>(Context));
-    LoadPackages(PackageFolder());
+    LoadPackages();
     Window.ReloadViews();
     Window.setAttribute(Qt::WA_DontShowOnScreen);
     Window.resize(kPictureSize);
@@ -76,7 +76,7 @@ int RunPicture(TWorkstation& Workstation, TRenderContext& Context, const TComman
 
 int RunPictures(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
     TMainWindow Window(Workstation, Context, std::make_unique<TDialogs>(Context));
-    LoadPackages(PackageFolder());
+    LoadPackages();
     Window.ReloadViews();
     Window.resize(kPictureSize);
     Window.show();
@@ -88,24 +88,42 @@ int RunPictures(TWorkstation& Workstation, TRenderContext& Context, const TComma
     return kExitFailed;
 }
 
-int RunHeadless(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
+QSize SizeOf(fw::TIBaseView& View) {
+    int Width = 0, Height = 0;
+    return View.GetDefaultSize(Width, Height) ? QSize(Width, Height) : kViewSize;
+}
+
+fw::TIBaseView* ChosenView(const TViewCatalog& Catalog, const std::string& Name) {
+    for (const auto& View : Catalog.Views())
+        if (View->GetIsVisible() && (Name.empty() || View->GetName() == Name)) return View.get();
+    return nullptr;
+}
+
+// The jobs over the packages' views that need no window.
+int RunOnViews(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
     TLogPrinter Printer(Workstation);
     const TServiceLoop Loop(Workstation);
     QApplication::setPalette(SkinPalette(Context.GetSkin()));
-    LoadPackages(PackageFolder());
+    LoadPackages();
     TViewCatalog Catalog;
     Catalog.Reload();
-    for (const auto& View : Catalog.Views()) {
-        if (!View->GetIsVisible()) continue;
-        THeadlessHost Host;
-        Host.Wait = Wait;
-        Host.DrawView = [&Context](fw::TFrame& Frame, const std::filesystem::path& File) {
-            return DrawFramePng(Frame, Context, kHeadlessSize, File);
-        };
-        return RunHeadlessJob(Workstation, *View, Line, Host, std::cout, std::cerr);
+    if (Line.Mode == ERunMode::ListViews) {
+        PrintViews(MenuOf(Catalog), std::cout);
+        return Printer.SaidError() ? kExitFailed : kExitDone;
     }
-    std::cerr << Workstation.Language().Resource("Res_NoView", {}) << '\n';
-    return kExitFailed;
+    fw::TIBaseView* View = ChosenView(Catalog, Line.View);
+    if (!View) {
+        std::cerr << Workstation.Language().Resource(Line.View.empty() ? "Res_NoView" : "Res_ViewUnknown", {Line.View})
+                  << '\n';
+        return kExitFailed;
+    }
+    THeadlessHost Host;
+    Host.Wait = Wait;
+    Host.DrawView = [&](fw::TFrame& Frame, const std::filesystem::path& File) {
+        return DrawFramePng(Frame, Context, SizeOf(*View), File);
+    };
+    const auto Job = Line.Mode == ERunMode::Picture ? RunViewPicture : RunHeadlessJob;
+    return Job(Workstation, *View, Line, Host, std::cout, std::cerr);
 }
 
 int Run(const TCommandLine& Line) {
@@ -115,26 +133,28 @@ int Run(const TCommandLine& Line) {
     if (Line.Mode == ERunMode::Import) return RunImport(Workstation, Line, std::cout, std::cerr);
     TRenderContext Context;
     Context.SetSkin(Workstation.LookAndFeel().GetSkinName());
-    if (Line.Mode == ERunMode::Headless) return RunHeadless(Workstation, Context, Line);
-    if (Line.Mode == ERunMode::Picture) return RunPicture(Workstation, Context, Line);
+    if (Line.Mode == ERunMode::Window) return RunWindow(Workstation, Context);
     if (Line.Mode == ERunMode::Pictures) return RunPictures(Workstation, Context, Line);
-    return RunWindow(Workstation, Context);
+    if (Line.Mode == ERunMode::Picture && Line.View.empty()) return RunPicture(Workstation, Context, Line);
+    return RunOnViews(Workstation, Context, Line);
 }
 
 }  // namespace
 
 int main(int ArgumentCount, char** Arguments) {
+    const std::string Program = ArgumentCount > 0 ? Arguments[0] : "";
     TCommandLine Line;
     try {
         Line = ParseCommandLine(std::vector<std::string>(Arguments + 1, Arguments + ArgumentCount));
     } catch (const TUsageError& Error) {
-        std::cerr << StartUpText(Error.Key, Error.Args) << '\n';
+        auto Args = Error.Args;
+        Args.push_back(Program);
+        std::cerr << StartUpText(Error.Key, Args) << '\n';
         return kExitUsage;
     }
-    if (Line.Mode == ERunMode::Help) return std::cout << StartUpText("Res_UsageHelp", {}) << '\n', kExitDone;
+    if (Line.Mode == ERunMode::Help) return std::cout << StartUpText("Res_UsageHelp", {Program}) << '\n', kExitDone;
     if (Line.Mode == ERunMode::Version) return std::cout << VENTIQ_VERSION << '\n', kExitDone;
-    const bool Drawn = Line.Mode == ERunMode::Headless || IsOfPictures(Line.Mode);
-    if (Drawn) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (Line.Mode != ERunMode::Window) qputenv("QT_QPA_PLATFORM", "offscreen");
     try {
         if (Line.Mode == ERunMode::Import) return Run(Line);
         TApplication Application(ArgumentCount, Arguments);
