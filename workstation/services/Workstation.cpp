@@ -53,7 +53,8 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
       FSubscriptions(FMarket, FQueue,
                      {[this](const std::string& Symbol) { FWalk->Watch(Symbol); },
                       [this](const std::string& Symbol) { return QuoteOf(Symbol); }, [this] { return FWalk->Now(); }}),
-      FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); }),
+      FEditors([this](const fw::Text& Typed) { return FSymbols.Convert(Typed); },
+               [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }),
       FFormatter([this](const fw::Text& Symbol) { return QuoteFormOf(Symbol); }) {
     auto Sample = PrepareSampleMarket(*FStore, FSampleFolder, SampleToday());
     FNotices.insert(FNotices.end(), Sample.Notices.begin(), Sample.Notices.end());
