@@ -28,7 +28,7 @@ std::string Shape(const char* Name, int Size) {
 
 TEST(Icons, AreDrawnAndToldApartByShapeAloneInACaption) {
     std::set<std::string> Shapes;
-    const char* const kNames[] = {"less", "more", "show-hint", "hide-hint", "workstation"};
+    const char* const kNames[] = {"less", "more", "show-hint", "hide-hint", "link", "workstation"};
     for (const char* Name : kNames) {
         const std::string Drawn = Shape(Name, 16);
         EXPECT_GT(std::count(Drawn.begin(), Drawn.end(), '#'), 20) << Name;

@@ -15,7 +15,11 @@ namespace ws {
 // --- title bar
 
 TDockTitleBar::TDockTitleBar(QDockWidget& Dock, TRenderContext& Context, std::function<void()> OnClose)
-    : QWidget(&Dock), FContext(Context), FRow(new QHBoxLayout(this)), FCaption(new QLabel(this)) {
+    : QWidget(&Dock),
+      FContext(Context),
+      FRow(new QHBoxLayout(this)),
+      FGroup(new TLinkGroupButton(Context, this)),
+      FCaption(new QLabel(this)) {
     FRow->setContentsMargins(Context.Scaled(8), 2, 4, 2);
     FRow->setSpacing(2);
     QFont Bold = font();
@@ -23,6 +27,7 @@ TDockTitleBar::TDockTitleBar(QDockWidget& Dock, TRenderContext& Context, std::fu
     FCaption->setFont(Bold);
     FCaption->setTextFormat(Qt::PlainText);
     FCaption->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    FRow->addWidget(FGroup);
     FRow->addWidget(FCaption, 1);
     FFloat = AddButton();
     FClose = AddButton();
@@ -55,6 +60,7 @@ void TDockTitleBar::Retranslate() {
     FClose->setToolTip(FContext.Translate("Res_TitleClose"));
     FFloat->setAccessibleName(FFloat->toolTip());
     FClose->setAccessibleName(FClose->toolTip());
+    FGroup->Retranslate();
 }
 
 void TDockTitleBar::SetButtons(const fw::TCaptionButtonList& Buttons, const fw::TImageList* Images,
@@ -67,7 +73,7 @@ void TDockTitleBar::SetButtons(const fw::TCaptionButtonList& Buttons, const fw::
     while (FButtons.size() < Buttons.size()) {
         const int Index = static_cast<int>(FButtons.size());
         FButtons.push_back(AddButton());
-        FRow->insertWidget(Index + 1, FButtons.back());
+        FRow->insertWidget(FRow->indexOf(FCaption) + 1 + Index, FButtons.back());
         connect(FButtons.back(), &QToolButton::clicked, this, [OnButton, Index] { OnButton(Index); });
     }
     for (size_t i = 0; i < Buttons.size(); ++i) {
@@ -101,11 +107,27 @@ TViewDock::TViewDock(fw::TIBaseView& View, int64_t Handle, const std::string& Ke
         UpdateButtons();
     });
     if (fw::TFrame* Opened = Frame()) FLinks += Opened->OnStaleChanged.Connect([this] { UpdateCaption(); });
+    FTitle->GroupButton().setVisible(SetGroup(GetGroup()));
+    FTitle->GroupButton().OnChosen = [this](int Number) { SetGroup(LinkGroupId(Number)); };
     UpdateCaption();
     UpdateButtons();
 }
 
 TViewDock::~TViewDock() { CloseInstance(); }
+
+fw::Text TViewDock::GetGroup() const {
+    fw::Text Group;
+    return FView.GetGroupID(FHandle, Group) ? Group : fw::Text();
+}
+
+bool TViewDock::SetGroup(const fw::Text& Group) {
+    const fw::Text Before = GetGroup();
+    const int Number = LinkGroupNumber(Group);
+    if (LinkGroupId(Number) != Group || !FView.SetGroupID(FHandle, Group)) return false;
+    FTitle->GroupButton().SetNumber(Number);
+    if (Group != Before) OnGroupChanged();
+    return true;
+}
 
 void TViewDock::UpdateCaption() {
     fw::Text Caption;

@@ -9,6 +9,7 @@
 
 #include "framework/view/BaseView.h"
 #include "workstation/renderers/FrameRenderer.h"
+#include "workstation/shell/LinkGroups.h"
 
 class QHBoxLayout;
 class QLabel;
@@ -16,7 +17,7 @@ class QToolButton;
 
 namespace ws {
 
-// Caption, the view's own buttons, float and close. Dragging it moves the dock.
+// Link group, caption, the view's own buttons, float and close. Dragging it moves the dock.
 class TDockTitleBar : public QWidget {
 public:
     TDockTitleBar(QDockWidget& Dock, TRenderContext& Context, std::function<void()> OnClose);
@@ -27,6 +28,7 @@ public:
                     const std::function<void(int Index)>& OnButton);
     void Retranslate();
     const std::vector<QToolButton*>& Buttons() const { return FButtons; }  // the view's, in its order
+    TLinkGroupButton& GroupButton() { return *FGroup; }                    // hidden for a view that takes no group
     QToolButton& FloatButton() { return *FFloat; }
     QToolButton& CloseButton() { return *FClose; }
     QLabel& Caption() { return *FCaption; }
@@ -36,6 +38,7 @@ private:
 
     TRenderContext& FContext;
     QHBoxLayout* FRow;
+    TLinkGroupButton* FGroup;
     QLabel* FCaption;
     QToolButton* FFloat;
     QToolButton* FClose;
@@ -57,6 +60,12 @@ public:
     fw::TFrame* Frame() const { return FView.FindView(FHandle); }
     TDockTitleBar& TitleBar() const { return *FTitle; }
     TFrameRenderer* Renderer() const { return FRenderer; }
+
+    // The view's link group by its id; "": none. False, and nothing changes, for an id of no group and for a view that
+    // takes none.
+    fw::Text GetGroup() const;
+    bool SetGroup(const fw::Text& Group);
+    fw::TSignal<> OnGroupChanged;
 
     void UpdateCaption();
     void UpdateButtons();
