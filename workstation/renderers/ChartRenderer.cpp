@@ -12,6 +12,7 @@
 
 #include "framework/base/Dispatch.h"
 #include "framework/base/NumberFormat.h"
+#include "workstation/renderers/AccessibleChart.h"
 #include "workstation/renderers/QtText.h"
 
 namespace ws {
@@ -248,6 +249,7 @@ TChartRenderer::TChartRenderer(fw::TChart& Model, TRenderContext& Context, QWidg
     });
     FLinks += Context.OnSkinChanged.Connect([this] { DrawLater(); });
     FLinks += fw::NumberFormatChanged().Connect([this] { DrawLater(); });
+    Describe();
 }
 
 TChartRenderer::~TChartRenderer() {
@@ -292,7 +294,13 @@ void TChartRenderer::DrawLater() {
 
 void TChartRenderer::Redraw() {
     FWaiting = false;
-    if (FModel) FPlot->Fill(*FModel.Get());
+    if (!FModel) return;
+    FPlot->Fill(*FModel.Get());
+    Describe();
+}
+
+void TChartRenderer::Describe() {
+    fw::Dispatch("DescribeChart", [this] { DescribeChart(*this, *FModel.Get(), FContext); });
 }
 
 bool TChartRenderer::eventFilter(QObject* Watched, QEvent* Event) {

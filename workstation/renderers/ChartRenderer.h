@@ -37,6 +37,7 @@ protected:
 private:
     class TPlot;
     void DrawLater();
+    void Describe();  // for screen readers
 
     TModelRef<fw::TChart> FModel;
     TRenderContext& FContext;

@@ -9,8 +9,10 @@
 #include "framework/base/FlagGuard.h"
 #include "framework/data/ColumnIds.h"
 #include "workstation/renderers/ColumnWidths.h"
+#include "workstation/renderers/ControlName.h"
 #include "workstation/renderers/FocusBridge.h"
 #include "workstation/renderers/QtText.h"
+#include "workstation/renderers/TableName.h"
 
 namespace ws {
 
@@ -86,6 +88,7 @@ void TGridRenderer::Connect() {
 
 void TGridRenderer::ReloadColumns() {
     FModel->ColumnsChanged();
+    setAccessibleName(NameOfTable(*FView.Get(), FContext));
     LayOutColumns();
     FollowFocus();
     PlaceEditor();
@@ -145,6 +148,7 @@ void TGridRenderer::FollowEditor() {
     FEdited = Editor;
     FEditor = MakeCellEditor(*FView.Get(), FContext, viewport());
     FBridge->Watch(*FEditor->FocusWidget());
+    NameControl(*FEditor->Widget(), ToQt(Editor->GetColumn().GetCaption()), FContext);
     FEditor->OnLeave = [this](ELeave Way) { Leave(Way); };
     FEditorLink = Editor->OnChanged.Connect([this] {
         if (FEditor) FEditor->Reload();

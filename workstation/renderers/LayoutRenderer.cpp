@@ -5,6 +5,7 @@
 #include <QSplitter>
 
 #include "framework/controls/Button.h"
+#include "workstation/renderers/ControlName.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/renderers/RendererFactory.h"
 
@@ -26,7 +27,7 @@ void SetExtent(QWidget& Widget, bool Horizontal, int Size) {
 }  // namespace
 
 TLayoutItemRenderer::TLayoutItemRenderer(fw::TLayoutItem& Model, TRenderContext& Context, QWidget* Parent)
-    : QWidget(Parent), FModel(Model) {
+    : QWidget(Parent), FModel(Model), FContext(Context) {
     auto* Column = new QVBoxLayout(this);
     Column->setContentsMargins(0, 0, 0, 0);
     Column->setSpacing(1);
@@ -46,7 +47,7 @@ void TLayoutItemRenderer::Reload() {
     const QString Caption = ToQt(FModel->GetCaption());
     FCaption->setText(Caption);
     FCaption->setVisible(!Caption.isEmpty());
-    if (FContent && !Caption.isEmpty()) FContent->setAccessibleName(Caption);
+    if (FContent && !Caption.isEmpty()) NameControl(*FContent, Caption, FContext);
     setEnabled(FModel->IsEnabled());
     setVisible(FModel->IsVisible());
 }

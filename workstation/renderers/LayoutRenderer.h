@@ -24,6 +24,7 @@ private:
     void Reload();
 
     TModelRef<fw::TLayoutItem> FModel;
+    TRenderContext& FContext;
     fw::TConnections FLinks;
     QLabel* FCaption = nullptr;
     QWidget* FContent = nullptr;

@@ -22,6 +22,7 @@ void TWindowedGridRenderer::SetCurrent(int64_t Row, bool Extend) {
     if (GetRowCount() == 0) return;
     FView->GetSelection().Select(static_cast<int>(std::clamp<int64_t>(Row, 0, GetRowCount() - 1)), Extend);
     ScrollTo(GetCurrentRow());
+    TellCurrentCell(*this);
 }
 
 void TWindowedGridRenderer::CopyRows() {

@@ -46,9 +46,13 @@ TWindowedGridRenderer::TWindowedGridRenderer(fw::TGridTableView& View, TRenderCo
     viewport()->setAutoFillBackground(true);
     setMinimumSize(Context.Scaled(120), 4 * RowHeight());
     new TFocusBridge(View, *this);
+    InstallAccessibleTables();
     const auto Redraw = [this] { viewport()->update(); };
     FLinks += View.OnRecordsChanged.Connect([this] { Reload(); });
-    FLinks += View.OnColumnsChanged.Connect(Redraw);
+    FLinks += View.OnColumnsChanged.Connect([this] {
+        viewport()->update();
+        TellTableChanged(*this);
+    });
     FLinks += View.OnRepaint.Connect(Redraw);
     FLinks += View.GetSelection().OnChanged.Connect(Redraw);
     FLinks += View.OnCellChanged.Connect([Redraw](int, int) { Redraw(); });
@@ -85,6 +89,7 @@ void TWindowedGridRenderer::UpdateScrollBar() {
 void TWindowedGridRenderer::Reload() {
     UpdateScrollBar();
     viewport()->update();
+    TellTableChanged(*this);
 }
 
 void TWindowedGridRenderer::ScrollTo(int Row) {

@@ -6,6 +6,7 @@
 #include <QAbstractScrollArea>
 
 #include "framework/controls/GridTableView.h"
+#include "workstation/renderers/AccessibleTable.h"
 #include "workstation/renderers/GridClipboard.h"
 #include "workstation/renderers/ModelRef.h"
 #include "workstation/renderers/RenderContext.h"
@@ -15,7 +16,7 @@ namespace ws {
 // A read-only table over a data control with any number of rows up to 2^31 - 1: only the visible rows are asked for,
 // and nothing is kept for the others. The scroll bar counts rows, not pixels. A click on the caption of a column sorts
 // by it where the view allows that.
-class TWindowedGridRenderer : public QAbstractScrollArea, public TGridClipboard {
+class TWindowedGridRenderer : public QAbstractScrollArea, public TGridClipboard, public TPaintedTable {
 public:
     TWindowedGridRenderer(fw::TGridTableView& View, TRenderContext& Context, QWidget* Parent);
 
@@ -29,6 +30,22 @@ public:
     fw::TGridTableView* GetTable() const override { return FView.Get(); }
     void CopyRows() override;  // every row where none is selected
     void ScrollTo(int Row);
+
+    QString TableName() const override;
+    int TableRows() const override { return GetRowCount(); }
+    int TableColumns() const override;
+    QString HeadText(int Column) const override;
+    QString HeadNote(int Column) const override;
+    QString TextAt(TPlace Place) const override;
+    QString NoteAt(TPlace Place) const override;
+    QString RowText(int Row) const override;
+    QRect HeadRect(int Column) const override;
+    QRect RectAt(TPlace Place) const override;
+    std::vector<int> SeenRows() const override;
+    std::optional<TPlace> CurrentPlace() const override;
+    bool IsSelectedAt(TPlace Place) const override;
+    void ChooseAt(TPlace Place) override;
+    void TakeAt(TPlace Place) override;
 
 protected:
     bool viewportEvent(QEvent* Event) override;
@@ -52,6 +69,8 @@ private:
     int ColumnAt(int X) const;
     void PaintArrow(QPainter& Painter, QRect& Room, int Column) const;
     void SetCurrent(int64_t Row, bool Extend);
+    std::vector<int> ShownColumns() const;
+    int ColumnOf(int Shown) const { return ShownColumns().at(static_cast<size_t>(Shown)); }
 
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;

@@ -25,13 +25,17 @@ constexpr int kRowsPerNotch = 2;
 TChainView::TChainView(TChainSelector& Selector, TRenderContext& Context, QWidget* Parent)
     : QAbstractScrollArea(Parent), FSelector(Selector), FContext(Context) {
     setFocusPolicy(Qt::NoFocus);
+    InstallAccessibleTables();
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
     const auto Redraw = [this] { viewport()->update(); };
     FLinks += Selector.OnRowsChanged.Connect([this] { Reload(); });
-    FLinks += Selector.OnCursorMoved.Connect([this] { ShowCurrent(false); });
+    FLinks += Selector.OnCursorMoved.Connect([this] {
+        ShowCurrent(false);
+        TellCurrentCell(*this);
+    });
     FLinks += Selector.OnQuotesChanged.Connect(Redraw);
     FLinks += Context.OnSkinChanged.Connect(Redraw);
     Reload();
@@ -109,6 +113,7 @@ void TChainView::Reload() {
         FStrikeWidth = std::max(FStrikeWidth, QFontMetrics(Bold).horizontalAdvance(ToQt(Longest->Shown)));
     FStrikeWidth += 2 * kStrikePadding;
     ShowCurrent(true);
+    TellTableChanged(*this);
 }
 
 void TChainView::ShowCurrent(bool InMiddle) {

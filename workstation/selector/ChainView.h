@@ -6,6 +6,7 @@
 
 #include <QAbstractScrollArea>
 
+#include "workstation/renderers/AccessibleTable.h"
 #include "workstation/renderers/RenderContext.h"
 #include "workstation/selector/ChainSelector.h"
 
@@ -14,7 +15,8 @@ namespace ws {
 // Draws an option chain: the futures above, which stay, and calls | strike | puts, which scroll. A contract takes two
 // lines, bid and ask over last and age, so that prices of any length stand whole. It draws the rows that are seen and
 // nothing else, and tells the selector which these are.
-class TChainView : public QAbstractScrollArea {
+// Screen readers find a table of calls, strikes and puts, the futures in its first rows and first column.
+class TChainView : public QAbstractScrollArea, public TPaintedTable {
 public:
     TChainView(TChainSelector& Selector, TRenderContext& Context, QWidget* Parent);
 
@@ -29,6 +31,21 @@ public:
     std::optional<TChainCell> CellAt(QPoint Point) const;
     // "HSI26400L6 · Call 26,400 · 2026/12/30"
     QString Describe(TChainCell Cell) const;
+
+    QString TableName() const override { return FContext.Translate("Res_ChainTable"); }
+    int TableRows() const override { return FSelector.FutureCount() + FSelector.StrikeCount(); }
+    int TableColumns() const override;
+    QString HeadText(int Column) const override;
+    QString TextAt(TPlace Place) const override;
+    QString RowText(int Row) const override;
+    QRect HeadRect(int Column) const override;
+    QRect RectAt(TPlace Place) const override;
+    std::vector<int> SeenRows() const override;
+    std::optional<TPlace> CurrentPlace() const override;
+    bool IsSelectedAt(TPlace Place) const override { return CurrentPlace() == Place; }
+    bool IsEnabledAt(TPlace Place) const override;
+    void ChooseAt(TPlace Place) override;
+    void TakeAt(TPlace Place) override;
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -62,6 +79,7 @@ private:
     void PaintContract(QPainter& Painter, TChainCell Cell, const QRect& Room) const;
     void PaintSentence(QPainter& Painter) const;
     bool IsCurrent(TChainCell Cell) const;
+    std::optional<TChainCell> ContractAt(TPlace Place) const;
 
     TChainSelector& FSelector;  // both outlive the view
     TRenderContext& FContext;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/selector/SymbolSelector.h"
 
+#include <QAction>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -45,6 +46,8 @@ TSymbolSelector::TSymbolSelector(TRenderContext& Context, TChainSelector::TUnder
 
 void TSymbolSelector::Retranslate() {
     FSearch->setPlaceholderText(FContext.Translate("Res_SearchSymbol"));
+    FSearch->setAccessibleName(FSearch->placeholderText());
+    if (auto* Clear = FSearch->findChild<QAction*>()) Clear->setText(FContext.Translate("Res_Clear"));
     ShowFooter();
     FView->viewport()->update();
 }

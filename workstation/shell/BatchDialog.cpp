@@ -184,6 +184,7 @@ void TBatchDialog::UpdateDetails() {
 void TBatchDialog::Retranslate() {
     Guarded([this] {
         setWindowTitle(FContext.Translate("Res_BatchTitle"));
+        FView->setAccessibleName(windowTitle());
         FSend->setText(FContext.Translate("Res_BatchSend"));
         FCancel->setText(FContext.Translate("Res_ButtonCancel"));
         Update();

@@ -147,6 +147,8 @@ QVariant TBatchTable::Cell(const QModelIndex& Index, int Role) const {
     const TColumn& Column = FColumns[static_cast<size_t>(Index.column())];
     switch (Role) {
         case Qt::DisplayRole: return CellText(Index.row(), Column);
+        case Qt::AccessibleTextRole:
+            return Column.Id == kTickId ? FContext.Translate(Column.CaptionKey.c_str()) : QVariant();
         case Qt::TextAlignmentRole: return AlignmentOf(Column);
         case Qt::ForegroundRole: return CellColor(Row, Column);
         case Qt::CheckStateRole:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/shell/MessagesPanel.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QClipboard>
 #include <QEvent>
@@ -38,6 +39,16 @@ TMessagesPanel::TMessagesPanel(TMessageList& List, TRenderContext& Context, QWid
 
 void TMessagesPanel::Retranslate() {
     FCopy->setText(FContext.Translate("Res_MessagesCopy"));
+    FTable->setAccessibleName(FContext.Translate("Res_Messages"));
+    // The toolkit's own buttons, which know no other language.
+    const std::pair<const char*, const char*> Buttons[] = {{"qt_dockwidget_floatbutton", "Res_TitleFloat"},
+                                                           {"qt_dockwidget_closebutton", "Res_TitleClose"}};
+    for (const auto& [Name, Key] : Buttons) {
+        auto* Button = findChild<QAbstractButton*>(QLatin1String(Name));
+        if (!Button) continue;
+        Button->setToolTip(FContext.Translate(Key));
+        Button->setAccessibleName(Button->toolTip());
+    }
     UpdateTitle();
 }
 
