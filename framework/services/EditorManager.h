@@ -16,6 +16,7 @@ public:
 
     // Fills and serves the editor's account popup; the chosen account code stands in the editor's Hint. Registering a
     // registered editor replaces the registration and keeps its account. An editor that is not registered is disabled.
+    // Editors of one group that has a name share the account; an account of the others comes from the host's loop.
     virtual void RegisterAccountEditor(TPopupEdit* Editor, const Text& GroupId, bool Flag1, bool Flag2) = 0;
     virtual void RemoveAccountEditor(TPopupEdit* Editor) = 0;  // not registered: nothing happens
     // Puts a saved account into a registered editor when the user may use it, and fires the editor's exit.

@@ -170,6 +170,7 @@ TEST_F(AccessibleTables, TheChartSaysWhatItShows) {
     for (const auto& [X, Y] : {std::pair{90.0, -250.0}, {100.0, -250.0}, {110.0, 250.0}}) Frame.Line.AddXY(X, Y);
     Chart.Redraw();
     EXPECT_EQ(TScreenReader::NameOf(Chart), "Chart: P/L");
+    EXPECT_EQ(TScreenReader::Of(Chart).role(), QAccessible::Chart);
     EXPECT_EQ(TScreenReader::Of(Chart).text(QAccessible::Description),
               "From 2:90 to 2:110. Most 3:250. Least 3:250. Even at 2:105.");
 }

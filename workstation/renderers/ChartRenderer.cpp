@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <qcustomplot.h>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPdfWriter>
@@ -86,6 +87,11 @@ protected:
         return ToQt(fw::FormatNumber(Tick, Decimals, true));
     }
 };
+
+QAccessibleInterface* MakeAccessibleChart(const QString&, QObject* Object) {
+    auto* Chart = dynamic_cast<TChartRenderer*>(Object);
+    return Chart ? new QAccessibleWidget(Chart, QAccessible::Chart) : nullptr;
+}
 
 }  // namespace
 
@@ -232,6 +238,7 @@ TChartRenderer::TChartRenderer(fw::TChart& Model, TRenderContext& Context, QWidg
     Box->setContentsMargins(0, 0, 0, 0);
     Box->addWidget(FPlot->FPlot);
     setMinimumSize(Context.Scaled(200), Context.Scaled(140));
+    QAccessible::installFactory(&MakeAccessibleChart);
     FPlot->FPlot->installEventFilter(this);
     connect(FPlot->FPlot, &QCustomPlot::afterLayout, this, [this] {
         if (!FModel) return;
