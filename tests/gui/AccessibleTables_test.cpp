@@ -146,7 +146,10 @@ TEST_F(AccessibleTables, TheEditableTableReadsWhatIsShownAndItsEditorsCarryTheCo
     EXPECT_EQ(Cells.columnDescription(Frame.ColumnOf(kPremium)), "Premium");
     EXPECT_EQ(Read(Cells.cellAt(0, Frame.ColumnOf(kPremium))),
               ws::ToQt(Frame.Grid.GetCellText(0, Frame.ColumnOf(kPremium))));
-    EXPECT_EQ(Read(Cells.cellAt(1, Frame.ColumnOf(kPremium))), "") << "the input row";
+    EXPECT_EQ(Read(Cells.cellAt(1, Frame.ColumnOf(kPremium))), "");
+    Host.Language.SetText("Res_EmptyRow", "Empty row");
+    EXPECT_EQ(Read(TScreenReader::RowHead(GridWidget(), 0)), "1");
+    EXPECT_EQ(Read(TScreenReader::RowHead(GridWidget(), 1)), "Empty row") << "the input row";
     GridWidget().setFocus();
     Frame.Grid.SetFocusedCell(0, Frame.ColumnOf(kPremium));
     EXPECT_EQ(TScreenReader::Of(GridWidget()).focusChild(), Cells.cellAt(0, Frame.ColumnOf(kPremium)));

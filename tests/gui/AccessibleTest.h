@@ -34,6 +34,13 @@ public:
         const bool IsCombo = Of(Object).role() == QAccessible::ComboBox;
         return Of(Object).text(IsCombo ? QAccessible::Description : QAccessible::Name);
     }
+    // The nth head of a row among the children of a table of the toolkit's; null: there is none.
+    static QAccessibleInterface* RowHead(QObject& Table, int Row) {
+        QAccessibleInterface& From = Of(Table);
+        for (int i = 0; i < From.childCount(); ++i)
+            if (From.child(i) && From.child(i)->role() == QAccessible::RowHeader && Row-- == 0) return From.child(i);
+        return nullptr;
+    }
     static QAccessibleTableInterface& TableOf(QObject& Object) { return *Of(Object).tableInterface(); }
 
 private:

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QPalette>
 
+#include "framework/controls/GridText.h"
 #include "framework/data/ColumnIds.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/renderers/SymbolMarks.h"
@@ -86,6 +87,9 @@ QVariant TGridModel::data(const QModelIndex& Index, int Role) const {
 }
 
 QVariant TGridModel::headerData(int Section, Qt::Orientation Orientation, int Role) const {
+    if (FView && Orientation == Qt::Vertical && Role == Qt::AccessibleTextRole)
+        return fw::HasContent(*FView.Get(), Section) ? QString::number(Section + 1)
+                                                     : FContext.Translate("Res_EmptyRow");
     const fw::TGridColumn* Column = FView && Orientation == Qt::Horizontal ? FView->GetColumn(Section) : nullptr;
     if (!Column) return {};
     if (Role == Qt::DisplayRole || Role == Qt::ToolTipRole) return ToQt(Column->GetCaption());

@@ -48,6 +48,7 @@ void TMessagesPanel::Retranslate() {
         if (!Button) continue;
         Button->setToolTip(FContext.Translate(Key));
         Button->setAccessibleName(Button->toolTip());
+        Button->setAccessibleDescription({});
     }
     UpdateTitle();
 }
