@@ -105,6 +105,18 @@ TEST_F(CommandsTest, CaptionButtonsArePressedByKeys) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return Grid().isVisible(); }));
 }
 
+TEST_F(CommandsTest, TheLinkGroupIsChosenByKeys) {
+    PlayFirstStart();
+    ws::TViewDock& Dock = *Window->Docks().Current();
+    Press(Qt::Key_G, Qt::ControlModifier);
+    QMenu* Menu = Dock.TitleBar().GroupButton().Menu();
+    ASSERT_NE(Menu, nullptr);
+    QTest::keyClick(Menu, Qt::Key_Down);
+    QTest::keyClick(Menu, Qt::Key_Down);
+    QTest::keyClick(Menu, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Dock.GetGroup().empty(); }));
+}
+
 TEST_F(CommandsTest, F6WalksOverEveryPanelAndComesBack) {
     PlayFirstStart();
     Grid().setFocus();
