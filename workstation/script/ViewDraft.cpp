@@ -20,13 +20,17 @@ bool SameRange(const TViewInputs& A, const TViewInputs& B) {
     return A.Down == B.Down && A.Up == B.Up && A.Interval == B.Interval;
 }
 
-// The market has filled rows that had nothing but a symbol.
-bool IsFilled(const std::vector<TRowState>& Before, const std::vector<TRowState>& Now) {
-    return std::equal(Before.begin(), Before.end(), Now.begin(), Now.end(), [](const auto& Old, const auto& New) {
-        TRowState Unfilled;
-        Unfilled.Symbol = New.Symbol;
-        return Old == New || (!New.Symbol.empty() && Old == Unfilled);
-    });
+// What stood in the row stands there still; empty cells may have been filled.
+bool IsFilled(const TRowState& Before, const TRowState& Now) {
+    const auto Keeps = [](const auto& Old, const auto& New) {
+        return Old == New || Old == std::remove_cvref_t<decltype(Old)>();
+    };
+    return Before.Symbol == Now.Symbol && Keeps(Before.Side, Now.Side) && Keeps(Before.OpenClose, Now.OpenClose) &&
+           Keeps(Before.Principal, Now.Principal) && Keeps(Before.Premium, Now.Premium) && Keeps(Before.Qty, Now.Qty);
+}
+
+bool AreFilled(const std::vector<TRowState>& Before, const std::vector<TRowState>& Now) {
+    return std::equal(Before.begin(), Before.end(), Now.begin(), Now.end(), IsFilled);
 }
 
 }  // namespace
@@ -48,6 +52,7 @@ TViewDraft::TViewDraft(fw::TFrame& Frame, const TMarketService& Market, TSubscri
         FLinks += View->OnColumnsChanged.Connect(Changed);
         FLinks += View->OnEditorChanged.Connect(Changed);
         FLinks += View->OnCellChanged.Connect([Changed](int, int) { Changed(); });
+        FLinks += View->OnEdited.Connect([this](int, int, const auto&, const auto&) { FCellTyped = true; });
     }
     if (auto* Account = Frame.FindControl<fw::TPopupEdit>(kAccountEditor))
         FLinks += Account->OnModelChanged.Connect(Changed);
@@ -112,12 +117,12 @@ void TViewDraft::PollRestore(TWait Elapsed) {
     if (State == TViewRestore::EState::Waiting) return;
     const auto Ended = std::exchange(FRestore, nullptr);
     const auto Target = std::exchange(FTarget, std::nullopt);
-    FRangeTouched = State == TViewRestore::EState::Done;
+    FRangeTouched = FCellTyped = true;  // a strategy that was opened, or what the user did meanwhile
     if (State == TViewRestore::EState::Done && Target) {
         // What is in the view now counts as that state, also where something did not come back.
         FJournal.MoveTo(*Target);
         FSeen = CaptureView(FFrame);
-        FChanged = FWaiting = FRangeTouched = false;
+        FChanged = FWaiting = FRangeTouched = FCellTyped = false;
         FRangeTyped = true;
     } else {
         Capture();
@@ -133,7 +138,7 @@ void TViewDraft::Capture() {
 
 // What the market did to the view goes into the state that is there; a user does not undo it.
 void TViewDraft::Take(TViewState Now) {
-    const bool Touched = std::exchange(FRangeTouched, false);
+    const bool RangeTouched = std::exchange(FRangeTouched, false), CellTyped = std::exchange(FCellTyped, false);
     if (FSeen && Now.Layout.empty()) Now.Layout = FSeen->Layout;
     if (!FSeen) {
         FJournal.Push(Now);
@@ -143,13 +148,13 @@ void TViewDraft::Take(TViewState Now) {
         const bool RangeMoved = !SameRange(*FSeen, Now);
         TViewInputs Rest = Now;
         Rest.Down = FSeen->Down, Rest.Up = FSeen->Up, Rest.Interval = FSeen->Interval;
-        if (IsFilled(FSeen->Rows, Rest.Rows)) Rest.Rows = FSeen->Rows;
-        const bool Users = Rest != FSeen->Inputs() || (RangeMoved && (Touched || FRangeTyped));
+        if (!CellTyped && AreFilled(FSeen->Rows, Rest.Rows)) Rest.Rows = FSeen->Rows;
+        const bool Users = Rest != FSeen->Inputs() || (RangeMoved && (RangeTouched || FRangeTyped));
         if (Users)
             FJournal.Push(Now);
         else if (FJournal.Current() && FJournal.Current()->Inputs() == FSeen->Inputs())
             FJournal.Replace(Now);
-        if (RangeMoved) FRangeTyped = Touched;
+        if (RangeMoved) FRangeTyped = RangeTouched;
     }
     FSeen = std::move(Now);
 }

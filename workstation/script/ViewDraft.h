@@ -58,8 +58,9 @@ private:
     std::optional<TWait> FRestoreBegan;
     std::optional<size_t> FTarget;    // place in the journal that is being restored; none: a state from elsewhere
     std::optional<TViewState> FSeen;  // what was captured last
-    bool FChanged = false, FWaiting = false, FRangeTouched = false;
-    bool FRangeTyped = false;  // the range that was captured last is the user's
+    bool FChanged = false, FWaiting = false;         // since it was captured: just now; some time ago
+    bool FRangeTouched = false, FCellTyped = false;  // and that by the user
+    bool FRangeTyped = false;                        // the range that was captured last is the user's
     TWait FChangedAt{};
     fw::TConnections FLinks;
 };
