@@ -102,7 +102,7 @@ TEST_F(TViewDraftTest, AnAmbiguousNumberKeepsItsEditorAndNothingIsUndone) {
     OpenDraft();
     TypeTwoLegs();
     ASSERT_TRUE(Station->SetNumberFormat("de_DE"));
-    ASSERT_TRUE(Edit(0, kColPremium, "1.250"));
+    ASSERT_TRUE(Edit(0, kColPremium, "1,250"));
     const TViewInputs Before = Inputs();
     EXPECT_FALSE(Undo());
     EXPECT_EQ(Inputs(), Before);
