@@ -50,8 +50,10 @@ TDraftFlow::TDraftFlow(TWorkstation& Workstation, TViewDocks& Docks, TCommands& 
     FLinks += Docks.OnOpened.Connect([this](TViewDock& Dock) { Follow(Dock); });
     FLinks += Docks.OnFrameGoes.Connect([this](fw::TFrame& Frame) { Leave(Frame); });
     const auto HasDraft = [this] { return FDocks.Current() && DraftOf(*FDocks.Current()); };
-    Commands.Bind("edit.undo", [this] { Undo(); }, HasDraft);
-    Commands.Bind("edit.redo", [this] { Redo(); }, HasDraft);
+    Commands.Bind(
+        "edit.undo", [this] { Undo(); }, HasDraft);
+    Commands.Bind(
+        "edit.redo", [this] { Redo(); }, HasDraft);
     qApp->installEventFilter(this);
     FClock.start();
     connect(&FPoll, &QTimer::timeout, this, [this] { Poll(); });

@@ -42,9 +42,8 @@ void TStrategyFlow::Open() {
     TViewDock* Dock = LegsDock();
     if (!Dock) return FSay("Res_StrategyNoView", {});
     if (Load().empty()) return FSay("Res_StrategyNone", {});
-    Show(TStrategyDialog::EMode::Open, [this, Into = QPointer<TViewDock>(Dock)](const auto& Name, const auto&) {
-        return OpenInto(Into, Name);
-    });
+    Show(TStrategyDialog::EMode::Open,
+         [this, Into = QPointer<TViewDock>(Dock)](const auto& Name, const auto&) { return OpenInto(Into, Name); });
 }
 
 void TStrategyFlow::Show(TStrategyDialog::EMode Mode,
