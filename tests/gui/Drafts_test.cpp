@@ -85,6 +85,17 @@ TEST_F(DraftsTest, TheKeysOfUndoBringBackWhatClearWiped) {
     EXPECT_EQ(Window->Status().Hint(), "There is nothing to redo in this view.");
 }
 
+TEST_F(DraftsTest, WhatTheFirstStartTypedIsOneStep) {
+    const auto Before = Inputs();
+    ASSERT_EQ(Before.Rows.size(), 4u);
+    Window->Drafts().Undo();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Inputs().Rows.empty(); }, 5000));
+    EXPECT_FALSE(Draft().CanUndo());
+    Window->Drafts().Redo();
+    EXPECT_TRUE(Returns(Before));
+    EXPECT_FALSE(Draft().CanRedo());
+}
+
 TEST_F(DraftsTest, TheUndoOfALineComesFirst) {
     auto& Down = *Frame().FindControl<fw::TSpinEdit>("edtDown");
     const auto Before = Inputs();

@@ -114,6 +114,7 @@ TEST_F(TRandomDraft, EveryStateComesBackExactlyOrIsNamed) {
     }
     EXPECT_GT(Legs, kRestarts) << "the user typed hardly anything";
     EXPECT_LT(Refused, Legs) << "hardly anything came back";
+    EXPECT_TRUE(Station->Orders().Orders().empty()) << "bringing back sends nothing";
 }
 
 TEST_F(TRandomDraft, UndoAndRedoGoThroughWhatWasThere) {
@@ -166,6 +167,7 @@ TEST_F(TRandomDraft, UndoAndRedoGoThroughWhatWasThere) {
         ASSERT_FALSE(HasFailure()) << History();
     }
     EXPECT_GT(Undone, 30);
+    EXPECT_TRUE(Station->Orders().Orders().empty());
 }
 
 }  // namespace ws

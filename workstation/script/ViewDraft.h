@@ -32,6 +32,7 @@ public:
     bool CanRedo() const;
     // Brings a state from elsewhere in, as a new step of the journal.
     void Open(TViewState State);
+    bool IsNew() const { return !FSeen; }  // nothing was captured yet
     bool IsRestoring() const { return FRestore != nullptr; }
 
     // Now counts from any moment and never goes back. A change becomes a state once nothing has changed for a while.

@@ -73,6 +73,7 @@ void TDraftFlow::Follow(TViewDock& Dock) {
                                                   std::move(Journal));
         Draft->OnRestored = [this, &Dock](auto, const auto& Problems) { TellRestored(Dock, Problems); };
         FFollowed[Frame] = {&Dock, std::move(Draft)};
+        QTimer::singleShot(0, this, [this] { Poll(); });  // a new view's first state, before anything is done to it
     } catch (const EStoreError& Error) {
         fw::TLog::Error(Error.Key(), Error.Args());
     }
@@ -94,8 +95,10 @@ TViewDraft* TDraftFlow::DraftOf(const TViewDock& Dock) const {
 
 // Not while a handler of a view waits for an answer: the view must not change under it.
 void TDraftFlow::Poll() {
-    if ((FDocks.IsHeld && FDocks.IsHeld()) || QThread::currentThread()->loopLevel() > 1) return;
+    const auto Says = [](const std::function<bool()>& Held) { return Held && Held(); };
+    if (Says(FDocks.IsHeld) || QThread::currentThread()->loopLevel() > 1) return;
     for (auto& [Frame, Followed] : FFollowed) {
+        if (Says(IsHeld) && !Followed.Draft->IsNew()) continue;
         std::optional<TFocusStays> Focus;
         if (Followed.Draft->IsRestoring()) Focus.emplace(*Followed.Dock);
         fw::Dispatch("draft", [&] { Followed.Draft->Poll(TViewDraft::TWait(FClock.elapsed())); });

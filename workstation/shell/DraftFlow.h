@@ -50,6 +50,9 @@ public:
 
     TViewDraft* DraftOf(const TViewDock& Dock) const;
 
+    std::function<bool()>
+        IsHeld;  // true while the program itself types into a view, which is one step; may be left out
+
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
 

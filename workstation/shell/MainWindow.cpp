@@ -107,6 +107,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
                                             *FCommands, [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     const auto SayHere = [this](const auto& Key, const auto& Args) { Say(Key, Args); };
     FDrafts = std::make_unique<TDraftFlow>(Workstation, *FDocks, *FCommands, SayHere);
+    FDrafts->IsHeld = [this] { return IsPlaying(); };
     FStrategies =
         std::make_unique<TStrategyFlow>(Workstation, Context, *FDialogs, *FDocks, *FDrafts, *FCommands, *this, SayHere);
     BindCommands();

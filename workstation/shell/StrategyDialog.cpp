@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -56,6 +57,9 @@ void TStrategyDialog::BuildLayout(const TRenderContext& Context) {
     setWindowTitle(Context.Translate(Saves ? "Res_StrategySaveTitle" : "Res_StrategyOpenTitle"));
     FList->setHeaderLabels({Context.Translate("Res_StrategyNameColumn"), Context.Translate("Res_StrategyNoteColumn"),
                             Context.Translate("Res_StrategyDateColumn")});
+    FList->header()->setStretchLastSection(false);
+    FList->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    FList->header()->setSectionResizeMode(kNote, QHeaderView::Stretch);
     FList->setRootIsDecorated(false);
     FList->setUniformRowHeights(true);
     FList->setAllColumnsShowFocus(true);
@@ -89,7 +93,6 @@ void TStrategyDialog::Fill() {
     FList->clear();
     for (const TStrategyRow& Row : FShelf.Load())
         new QTreeWidgetItem(FList, {ToQt(Row.Name), ToQt(Row.Note), DateText(Row.Changed)});
-    for (const int Column : {kName, kDate}) FList->resizeColumnToContents(Column);
     Narrow();
 }
 
