@@ -281,6 +281,27 @@ TEST_F(TViewDraftTest, AMarketThatIsGoneIsNamedOnceAndItsLegsAreNamed) {
     }
 }
 
+// Two months later the contracts have expired: each is named, the range is there.
+TEST_F(TViewDraftTest, ExpiredContractsAreNamed) {
+    OpenDraft();
+    TypeTwoLegs();
+    const TStateJournal Journal = Stored(Draft->Journal());
+    Draft.reset();
+    CloseView();
+    fw::TClock::Fix(At(2027, 2, 10));
+    OpenView();
+    Follow(Journal);
+    Draft->RestoreLast();
+    WaitRestored();
+    EXPECT_EQ(ProblemKeys(), (TKeys{"Res_RestoreMarketGone", "Res_RestoreSymbolRefused", "Res_RestoreSymbolRefused"}));
+    EXPECT_EQ(Problems[0].Args[0], "2026-12");
+    EXPECT_TRUE(Symbols().empty());
+    EXPECT_EQ(State().Down, 24000.5);
+    EXPECT_EQ(State().Up, 29000);
+    EXPECT_EQ(State().Interval, 125);
+    EXPECT_EQ(Draft->Journal().Current()->Rows.size(), 2u) << "the journal keeps them";
+}
+
 TEST_F(TViewDraftTest, ALegWithoutDataComesBackWithItsCellsAndIsNamed) {
     OpenDraft();
     ASSERT_TRUE(Choose("HKFE", "HHI", "2026-12"));
