@@ -4,6 +4,7 @@
 
 #include "tests/store/StoreFixture.h"
 #include "workstation/store/StoreSchema.h"
+#include "workstation/store/StoreTransaction.h"
 
 namespace fs = std::filesystem;
 
@@ -64,6 +65,39 @@ TEST(StoreUpgrade, AStepThatFailsLeavesTheFileAsItWas) {
     EXPECT_EQ(ErrorKeyOf([&] { TStore::OpenFile(File, kNow); }), kStoreFailed);
     EXPECT_EQ(VersionOf(File), 1);
     EXPECT_EQ(SQLite::Database(File.string()).execAndGet("SELECT count(*) FROM position").getInt(), 3);
+}
+
+// A file of version 2: what a trader left in it stays, and it takes journals and strategies from now on.
+TEST(StoreUpgrade, AFileOfVersion2TakesJournals) {
+    const TTempFolder Folder;
+    const auto File = Folder / "store.db";
+    {
+        SQLite::Database Db(File.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        UpgradeSchema(Db, 2);
+        Db.exec("INSERT INTO execution (account, symbol, qty, price, day, time) VALUES ('A1', 'HSIZ6', 5, 0.1, '', 0)");
+        Db.exec(
+            "INSERT INTO client_order VALUES (1, 'tag-1', 'A1', 'HSIZ6', 0, 26310.5, 2, 1, 0, 'b', 1, 1, 'filled', 2,"
+            " 26310, '', '', 10, 20)");
+        Db.exec("INSERT INTO setting (section, key, value) VALUES ('Shell', 'Skin', 'dark')");
+    }
+    ASSERT_EQ(VersionOf(File), 2);
+    const TJournalKey Key{"Day", "620-1"};
+    {
+        const auto Store = TStore::OpenFile(File, kNow).Store;
+        EXPECT_TRUE(Store->LoadJournal(Key).States.empty());
+        TStoreTransaction Write(*Store);
+        Write.ChangeJournal(Key, {1, 1, 1, {{1, "state"}}});
+        Write.PutStrategy("trader", {"Condor", "", 7, "state"});
+        Write.Commit();
+    }
+    EXPECT_EQ(VersionOf(File), kSchemaVersion);
+    const auto Store = TStore::OpenFile(File, kNow).Store;
+    EXPECT_EQ(Store->LoadJournal(Key).States, std::vector<std::string>{"state"});
+    ASSERT_EQ(Store->LoadOrders().size(), 1u);
+    EXPECT_EQ(Store->LoadOrders().front().Id, "tag-1");
+    EXPECT_EQ(Store->LoadExecutions().size(), 1u);
+    EXPECT_EQ(Store->LoadStrategies("trader").size(), 1u);
+    EXPECT_EQ(Store->ReadSetting("Shell", "Skin"), "dark");
 }
 
 }  // namespace

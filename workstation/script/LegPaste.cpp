@@ -7,6 +7,7 @@
 
 #include "framework/data/ColumnIds.h"
 #include "workstation/resources/Texts.h"
+#include "workstation/script/LastWarning.h"
 
 namespace ws {
 
@@ -98,18 +99,6 @@ std::string Unquoted(std::string_view Text) {
     return Result;
 }
 
-// The last warning that is logged while this lives: the view's own reason for what it did.
-class TLastWarning {
-public:
-    const fw::TLogEntry& Entry() const { return FEntry; }
-
-private:
-    fw::TLogEntry FEntry;
-    fw::TConnection FLink = fw::TLog::Entries().Connect([this](const fw::TLogEntry& Entry) {
-        if (Entry.Level != fw::ELogLevel::Info) FEntry = Entry;
-    });
-};
-
 class TLegPaste {
 public:
     TLegPaste(fw::TFrame& Frame, fw::TGridTableView& View) : FView(View), FPlayer(Frame) {
@@ -165,12 +154,9 @@ private:
         FReport.Refused.push_back(std::move(Refusal));
     }
 
-    // The editor's own reason, else what the view said about it.
-    fw::TRefusal ReasonOr(const TLastWarning& Warning, const std::string& Typed) const {
-        if (const auto& Reason = FPlayer.GetReason()) return *Reason;
-        const auto& Entry = Warning.Entry();
-        return Entry.Key.empty() ? fw::TRefusal{"Res_PasteSymbolRefused", {Shortened(Typed)}}
-                                 : fw::TRefusal{Entry.Key, Entry.Args};
+    // Why it was not taken, as far as anybody says.
+    fw::TRefusal ReasonOf(const TLastWarning& Warning, const std::string& Typed) const {
+        return Warning.ReasonOr(FPlayer.GetReason(), {"Res_PasteSymbolRefused", {Shortened(Typed)}});
     }
 
     void TypeLeg(const TCells& Line, const TColumnOrder& Order) {
@@ -192,14 +178,14 @@ private:
         const std::string Former = SymbolAt(FRow);
         const TLastWarning Warning;
         if (Type(kSymbol, Symbol) && !SymbolAt(FRow).empty()) return true;
-        Refuse(kSymbol, Symbol, ReasonOr(Warning, Symbol));
+        Refuse(kSymbol, Symbol, ReasonOf(Warning, Symbol));
         if (FRow == LastRow() || !Former.empty()) Type(kSymbol, Former);
         return false;
     }
 
     void TypeCell(const TEntryColumn& Column, const std::string& Text) {
         const TLastWarning Warning;
-        if (!Type(Column, Text)) Refuse(Column, Text, ReasonOr(Warning, Text));
+        if (!Type(Column, Text)) Refuse(Column, Text, ReasonOf(Warning, Text));
     }
 
     fw::TGridTableView& FView;

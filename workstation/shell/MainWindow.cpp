@@ -105,6 +105,11 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
                                                     [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     FExport = std::make_unique<TExportFlow>(TExportFlow::TPlaces{FContext, *FDialogs, *FDocks, *FClipboard, *this},
                                             *FCommands, [this](const auto& Key, const auto& Args) { Say(Key, Args); });
+    const auto SayHere = [this](const auto& Key, const auto& Args) { Say(Key, Args); };
+    FDrafts = std::make_unique<TDraftFlow>(Workstation, *FDocks, *FCommands, SayHere);
+    FDrafts->IsHeld = [this] { return IsPlaying(); };
+    FStrategies =
+        std::make_unique<TStrategyFlow>(Workstation, Context, *FDialogs, *FDocks, *FDrafts, *FCommands, *this, SayHere);
     BindCommands();
     BuildMenus();
 }
@@ -115,6 +120,8 @@ TMainWindow::~TMainWindow() {
     FDocks->CloseAll();
     FTrading.SetPlaces(nullptr, nullptr);
     FClipboard.reset();
+    FStrategies.reset();
+    FDrafts.reset();
     FDocks.reset();
     FWorkstation.SetOnWork({});
     FWorkstation.MessageBox().OnShow = nullptr;
@@ -152,7 +159,8 @@ void TMainWindow::OpenStartView() {
         PlayFirstStart();
         return;
     }
-    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+    fw::TIBaseView* View = FirstVisibleView();
+    if (TViewDock* Dock = View ? FDocks->Open(*View) : nullptr) FDrafts->RestoreView(*Dock);
 }
 
 TViewDock* TMainWindow::PlayFirstStart() {

@@ -12,11 +12,13 @@
 #include "workstation/shell/ClipboardFlow.h"
 #include "workstation/shell/Commands.h"
 #include "workstation/shell/Dialogs.h"
+#include "workstation/shell/DraftFlow.h"
 #include "workstation/shell/ExportFlow.h"
 #include "workstation/shell/MainMenus.h"
 #include "workstation/shell/MessageList.h"
 #include "workstation/shell/MessagesPanel.h"
 #include "workstation/shell/StatusLine.h"
+#include "workstation/shell/StrategyFlow.h"
 #include "workstation/shell/SymbolPopups.h"
 #include "workstation/shell/TradingFlow.h"
 #include "workstation/shell/ViewCatalog.h"
@@ -36,8 +38,8 @@ public:
 
     // Takes up what packages have registered and builds the menus.
     void ReloadViews();
-    // The first start shows a calculated strategy in the first visible view, with its hint on; later ones an empty
-    // view.
+    // The first start shows a calculated strategy in the first visible view, with its hint on; later ones the view as
+    // it was left.
     void OpenStartView();
     // The same strategy, asked for; null when no view is visible.
     TViewDock* PlayFirstStart();
@@ -55,6 +57,8 @@ public:
     TMessagesPanel& Panel() { return *FPanel; }
     TStatusLine& Status() { return *FStatus; }
     TClipboardFlow& Clipboard() { return *FClipboard; }
+    TDraftFlow& Drafts() { return *FDrafts; }
+    TStrategyFlow& Strategies() { return *FStrategies; }
     TCommands& Commands() { return *FCommands; }
     TMainMenus& Menus() { return *FMenus; }
 
@@ -91,6 +95,8 @@ private:
     std::unique_ptr<TViewCommands> FViewCommands;
     std::unique_ptr<TExportFlow> FExport;
     std::unique_ptr<TClipboardFlow> FClipboard;
+    std::unique_ptr<TDraftFlow> FDrafts;
+    std::unique_ptr<TStrategyFlow> FStrategies;
     std::unique_ptr<TStrategyRun> FRun;
     fw::TFrame* FRunFrame = nullptr;  // the view that FRun types into
     qint64 FRunBegan = 0;

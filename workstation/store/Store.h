@@ -17,6 +17,7 @@
 
 #include "workstation/market/MarketRows.h"
 #include "workstation/store/StoreError.h"
+#include "workstation/store/StoreJournal.h"
 #include "workstation/trading/OrderTypes.h"
 
 namespace ws {
@@ -71,6 +72,10 @@ public:
     void WriteSetting(const std::string& Section, const std::string& Key, const std::string& Value);
     void RemoveSetting(const std::string& Section, const std::string& Key);
     TSettings LoadSettings() const;
+
+    // The journal of a view (StoreJournal.h), oldest state first; without states where there is none.
+    TJournalRows LoadJournal(const TJournalKey& Key) const;
+    std::vector<TStrategyRow> LoadStrategies(const std::string& User) const;  // by name
 
     // The store's own notes, e.g. which sample it holds (keys: SampleStore.h).
     std::optional<std::string> ReadMeta(const std::string& Key) const;

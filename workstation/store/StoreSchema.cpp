@@ -88,8 +88,24 @@ DROP TABLE position;
 INSERT INTO meta (key, value) VALUES ('OrderTag', lower(hex(randomblob(4))));
 )sql";
 
+// What each view was like, so that it comes back and can be undone; strategies that a user named. A state is one text,
+// whose meaning is not the store's.
+constexpr char kVersion3[] = R"sql(
+CREATE TABLE journal (
+  id INTEGER PRIMARY KEY, workspace TEXT NOT NULL, instance TEXT NOT NULL, current INTEGER NOT NULL,
+  UNIQUE (workspace, instance)
+) STRICT;
+CREATE TABLE journal_state (
+  journal INTEGER NOT NULL, number INTEGER NOT NULL, state TEXT NOT NULL, PRIMARY KEY (journal, number)
+) STRICT, WITHOUT ROWID;
+CREATE TABLE strategy (
+  user TEXT NOT NULL, name TEXT NOT NULL, note TEXT NOT NULL, changed INTEGER NOT NULL, state TEXT NOT NULL,
+  PRIMARY KEY (user, name)
+) STRICT, WITHOUT ROWID;
+)sql";
+
 // Step i leads from version i to i + 1. A step that has shipped is never changed; a new one is appended.
-constexpr std::array kSteps{kVersion1, kVersion2};
+constexpr std::array kSteps{kVersion1, kVersion2, kVersion3};
 static_assert(kSteps.size() == kSchemaVersion);
 
 }  // namespace

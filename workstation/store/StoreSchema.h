@@ -9,7 +9,7 @@ class Database;
 
 namespace ws {
 
-inline constexpr int kSchemaVersion = 2;           // kept in the file as PRAGMA user_version
+inline constexpr int kSchemaVersion = 3;           // kept in the file as PRAGMA user_version
 inline constexpr int kApplicationId = 0x56515753;  // "VQWS", kept as PRAGMA application_id
 
 // Runs every step from the file's version to Target in one transaction. A file without tables is at version 0; one

@@ -63,6 +63,15 @@ public:
     void WriteSetting(const std::string& Section, const std::string& Key, const std::string& Value);
     void WriteMeta(const std::string& Key, const std::string& Value);
 
+    // A journal is made by its first change. Copying replaces the journals of the other workspace.
+    void ChangeJournal(const TJournalKey& Key, const TJournalChange& Change);
+    void CopyJournals(const std::string& FromWorkspace, const std::string& ToWorkspace);
+    void RemoveJournals(const std::string& Workspace);
+    void RemoveJournal(const TJournalKey& Key);
+
+    void PutStrategy(const std::string& User, const TStrategyRow& Row);  // over one of that name
+    void RemoveStrategy(const std::string& User, const std::string& Name);
+
     // Which stored contract stands for which contract of the sample files (SampleStore.h).
     void PutSampleSymbol(const std::string& Symbol, const std::string& BaseSymbol);
     void RemoveSampleSymbols();
