@@ -60,9 +60,21 @@ TEST(Skins, UnknownSkinsAndKeysHaveNoColour) {
     EXPECT_EQ(Table.Color("Dark", "a"), std::nullopt);
 }
 
-TEST(Skins, ALightAndADarkOneSetTheColoursOfThePayoffView) {
+TEST(Skins, AColourOfProfitAndLossDependsOnThePalette) {
+    const TSkinTable Table = TSkinTable::Parse("key,Light\na.One,#010203\na.Two,#040506\nb,#070809\n", "t.csv");
+    EXPECT_EQ(Table.Palettes(), (std::vector<std::string>{"One", "Two"}));
+    EXPECT_EQ(Table.Keys(), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(Table.Color("Light", "a"), (TRgb{1, 2, 3}));
+    EXPECT_EQ(Table.Color("Light", "a", "Two"), (TRgb{4, 5, 6}));
+    EXPECT_EQ(Table.Color("Light", "a", "Three"), (TRgb{1, 2, 3}));
+    EXPECT_EQ(Table.Color("Light", "b", "Two"), (TRgb{7, 8, 9}));
+    EXPECT_THROW(TSkinTable::Parse("key,Light\na.One,#010203\nb.Two,#040506\n", "t.csv"), std::runtime_error);
+}
+
+TEST(Skins, EverySkinSetsTheColoursOfThePayoffView) {
     const TSkinTable& Table = TSkinTable::Embedded();
-    EXPECT_EQ(Table.Skins(), (std::vector<std::string>{"Light", "Dark"}));
+    EXPECT_EQ(Table.Skins(), (std::vector<std::string>{"Light", "Dark", "HighContrast"}));
+    EXPECT_EQ(Table.Palettes(), (std::vector<std::string>{"GreenUp", "RedUp", "BlueOrange"}));
     for (const std::string& Skin : Table.Skins()) {
         SCOPED_TRACE(Skin);
         for (const char* Key : {"coPayOffAlertSeriesColor", "coPayOffInputRowBgColor"}) {
@@ -70,74 +82,69 @@ TEST(Skins, ALightAndADarkOneSetTheColoursOfThePayoffView) {
             ASSERT_TRUE(Color.has_value()) << Key;
             EXPECT_NE(ToFrameworkColor(*Color), 255) << Key << " would look like the missing-colour red";
         }
+        for (const std::string& Palette : Table.Palettes()) {
+            EXPECT_NE(Table.Color(Skin, "coProfit", Palette), Table.Color(Skin, "coLoss", Palette)) << Palette;
+            EXPECT_NE(Table.Color(Skin, "coBuy", Palette), Table.Color(Skin, "coSell", Palette)) << Palette;
+        }
     }
     EXPECT_GT(ContrastRatio(*Table.Color("Light", "coWindow"), {0, 0, 0}), 10.0);
     EXPECT_GT(ContrastRatio(*Table.Color("Dark", "coWindow"), {255, 255, 255}), 10.0);
+    EXPECT_GT(ContrastRatio(*Table.Color("HighContrast", "coText"), *Table.Color("HighContrast", "coBase")), 15.0);
 }
 
-// Every text colour on every ground it may stand on; lines and marks that carry a meaning need less (3).
+// Every text colour on every ground it may stand on, in every skin and palette; lines and marks that carry a meaning
+// need less (3).
 TEST(Skins, TextsAndMarksCanBeRead) {
+    const std::vector<const char*> kRows{"coBase", "coAlternateBase", "coSelectedRow", "coPayOffInputRowBgColor"};
+    const auto And = [](std::vector<const char*> Grounds, std::initializer_list<const char*> More) {
+        Grounds.insert(Grounds.end(), More);
+        return Grounds;
+    };
     const struct {
         const char* Front;
-        const char* Ground;
+        std::vector<const char*> Grounds;
         double Least;
-    } Pairs[] = {{"coWindowText", "coWindow", 4.5},
-                 {"coText", "coBase", 4.5},
-                 {"coText", "coAlternateBase", 4.5},
-                 {"coText", "coSelectedRow", 4.5},
-                 {"coText", "coPayOffInputRowBgColor", 4.5},
-                 {"coPlaceholderText", "coBase", 4.5},
-                 {"coPlaceholderText", "coWindow", 4.5},
-                 {"coButtonText", "coButton", 4.5},
-                 {"coHeaderText", "coHeader", 4.5},
-                 {"coHighlightedText", "coHighlight", 4.5},
-                 {"coToolTipText", "coToolTip", 4.5},
-                 {"coLink", "coBase", 4.5},
-                 {"coLink", "coWindow", 4.5},
-                 {"coProfit", "coBase", 4.5},
-                 {"coProfit", "coSelectedRow", 4.5},
-                 {"coLoss", "coBase", 4.5},
-                 {"coLoss", "coSelectedRow", 4.5},
-                 {"coBuy", "coBase", 4.5},
-                 {"coBuy", "coSelectedRow", 4.5},
-                 {"coSell", "coBase", 4.5},
-                 {"coSell", "coSelectedRow", 4.5},
-                 {"coWarning", "coBase", 4.5},
-                 {"coWarning", "coWindow", 4.5},
-                 {"coError", "coBase", 4.5},
-                 {"coError", "coWindow", 4.5},
-                 {"coText", "coAtTheMoney", 4.5},
-                 {"coPlaceholderText", "coAtTheMoney", 4.5},
-                 {"coNoData", "coBase", 4.5},
-                 {"coNoData", "coPayOffInputRowBgColor", 4.5},
-                 {"coGroupText", "coGroup1", 4.5},
-                 {"coGroupText", "coGroup2", 4.5},
-                 {"coGroupText", "coGroup3", 4.5},
-                 {"coGroupText", "coGroup4", 4.5},
-                 {"coGroupText", "coGroup5", 4.5},
-                 {"coGroupText", "coGroup6", 4.5},
-                 {"coGroup1", "coHeader", 3.0},
-                 {"coGroup2", "coHeader", 3.0},
-                 {"coGroup3", "coHeader", 3.0},
-                 {"coGroup4", "coHeader", 3.0},
-                 {"coGroup5", "coHeader", 3.0},
-                 {"coGroup6", "coHeader", 3.0},
-                 {"coChartText", "coChartBackground", 4.5},
-                 {"coDisabledText", "coBase", 3.0},
-                 {"coDisabledText", "coButton", 3.0},
-                 {"coAccent", "coWindow", 3.0},
-                 {"coChartAxis", "coChartBackground", 3.0},
-                 {"coChartLine", "coChartBackground", 3.0},
-                 {"coChartCursor", "coChartBackground", 3.0},
-                 {"coPayOffAlertSeriesColor", "coChartBackground", 3.0}};
+    } Pairs[] = {{"coText", And(kRows, {"coAtTheMoney", "coWindow", "coHeader"}), 4.5},
+                 {"coWindowText", {"coWindow", "coHeader", "coBase"}, 4.5},
+                 {"coPlaceholderText", And(kRows, {"coWindow", "coAtTheMoney", "coButton"}), 4.5},
+                 {"coDisabledText", And(kRows, {"coWindow", "coButton", "coHeader"}), 4.5},
+                 {"coButtonText", {"coButton", "coWindow"}, 4.5},
+                 {"coHeaderText", {"coHeader", "coWindow"}, 4.5},
+                 {"coHighlightedText", {"coHighlight"}, 4.5},
+                 {"coToolTipText", {"coToolTip"}, 4.5},
+                 {"coLink", {"coBase", "coAlternateBase", "coWindow", "coToolTip"}, 4.5},
+                 {"coProfit", And(kRows, {"coWindow", "coChartBackground"}), 4.5},
+                 {"coLoss", And(kRows, {"coWindow", "coChartBackground"}), 4.5},
+                 {"coBuy", And(kRows, {"coWindow"}), 4.5},
+                 {"coSell", And(kRows, {"coWindow"}), 4.5},
+                 {"coWarning", And(kRows, {"coWindow", "coButton", "coAtTheMoney"}), 4.5},
+                 {"coError", And(kRows, {"coWindow", "coButton", "coAtTheMoney"}), 4.5},
+                 {"coNoData", And(kRows, {"coWindow", "coAtTheMoney"}), 4.5},
+                 {"coGroupText", {"coGroup1", "coGroup2", "coGroup3", "coGroup4", "coGroup5", "coGroup6"}, 4.5},
+                 {"coGroup1", {"coHeader"}, 3.0},
+                 {"coGroup2", {"coHeader"}, 3.0},
+                 {"coGroup3", {"coHeader"}, 3.0},
+                 {"coGroup4", {"coHeader"}, 3.0},
+                 {"coGroup5", {"coHeader"}, 3.0},
+                 {"coGroup6", {"coHeader"}, 3.0},
+                 {"coChartText", {"coChartBackground"}, 4.5},
+                 {"coAccent", {"coWindow", "coBase", "coHeader"}, 4.5},
+                 {"coChartAxis", {"coChartBackground"}, 3.0},
+                 {"coChartLine", {"coChartBackground"}, 3.0},
+                 {"coChartCursor", {"coChartBackground"}, 3.0},
+                 {"coPayOffAlertSeriesColor", {"coChartBackground"}, 3.0}};
     const TSkinTable& Table = TSkinTable::Embedded();
     for (const std::string& Skin : Table.Skins()) {
-        for (const auto& Pair : Pairs) {
-            SCOPED_TRACE(Skin + ": " + Pair.Front + " on " + Pair.Ground);
-            const auto Front = Table.Color(Skin, Pair.Front);
-            const auto Ground = Table.Color(Skin, Pair.Ground);
-            ASSERT_TRUE(Front && Ground);
-            EXPECT_GE(ContrastRatio(*Front, *Ground), Pair.Least);
+        for (const std::string& Palette : Table.Palettes()) {
+            for (const auto& Pair : Pairs) {
+                for (const char* Ground : Pair.Grounds) {
+                    SCOPED_TRACE(Skin + ", " + Palette + ": " + Pair.Front + " on " + Ground);
+                    const auto Front = Table.Color(Skin, Pair.Front, Palette);
+                    const auto Below = Table.Color(Skin, Ground, Palette);
+                    ASSERT_TRUE(Front && Below);
+                    EXPECT_GE(ContrastRatio(*Front, *Below), Pair.Least);
+                }
+            }
         }
     }
 }

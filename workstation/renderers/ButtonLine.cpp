@@ -27,7 +27,6 @@ QToolButton* MakeButton(QWidget* Parent, Qt::ArrowType Arrow, bool Repeats) {
     Button->setAutoRepeat(Repeats);
     Button->setFocusPolicy(Qt::NoFocus);
     Button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
-    Button->setFixedWidth(ButtonWidth(Parent->fontMetrics()));
     return Button;
 }
 
@@ -56,11 +55,28 @@ TButtonLine::TButtonLine(QWidget* Parent, ELineButtons Buttons) : QWidget(Parent
             if (OnOpen) OnOpen();
         });
     }
+    Measure();
     setFocusProxy(FLine);
     FLine->installEventFilter(this);
     connect(FLine, &QLineEdit::textEdited, this, [this](const QString& Text) {
         if (OnTyped) OnTyped(Text);
     });
+}
+
+void TButtonLine::SetLeastCharacters(int Count) {
+    FLeastCharacters = Count;
+    Measure();
+}
+
+void TButtonLine::Measure() {
+    for (QToolButton* Button : {FDown, FUp, FOpen})
+        if (Button) Button->setFixedWidth(ButtonWidth(fontMetrics()));
+    FLine->setMinimumWidth(FLine->fontMetrics().averageCharWidth() * FLeastCharacters);
+}
+
+void TButtonLine::changeEvent(QEvent* Event) {
+    QWidget::changeEvent(Event);
+    if (Event->type() == QEvent::FontChange) Measure();
 }
 
 void TButtonLine::ShowText(const QString& Text) {

@@ -22,6 +22,8 @@ public:
     QToolButton* UpButton() { return FUp; }
     QToolButton* OpenButton() { return FOpen; }
 
+    // Room for that many characters of the line's font at least.
+    void SetLeastCharacters(int Count);
     // Shows a text unless it stands there already; the caret stays where it was.
     void ShowText(const QString& Text);
 
@@ -34,14 +36,17 @@ public:
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override;
     void wheelEvent(QWheelEvent* Event) override;
+    void changeEvent(QEvent* Event) override;
 
 private:
     bool Step(int Steps);
+    void Measure();
 
     QLineEdit* FLine;
     QToolButton* FDown = nullptr;
     QToolButton* FUp = nullptr;
     QToolButton* FOpen = nullptr;
+    int FLeastCharacters = 0;
     int FWheelRest = 0;  // part of a wheel notch, eighths of a degree
 };
 

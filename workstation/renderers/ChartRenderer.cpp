@@ -127,7 +127,6 @@ TChartRenderer::TPlot::TPlot(fw::TChart& Model, TRenderContext& Context, QWidget
     FPlot->setMouseTracking(true);
     FPlot->setFocusPolicy(Qt::NoFocus);
     FPlot->plotLayout()->insertRow(0);
-    FPlot->axisRect()->setMinimumMargins(QMargins(0, 0, Context.Scaled(32), 0));  // half of the last number
     FTitle = new QCPTextElement(FPlot, QString());
     FPlot->plotLayout()->addElement(0, 0, FTitle);
     FPlot->xAxis->setTicker(FBottomTicker);
@@ -152,6 +151,7 @@ void TChartRenderer::TPlot::Style(fw::TChart& Model) {
     FTitle->setFont(Bold);
     FTitle->setTextColor(FContext.Color("coChartText"));
     FTitle->setText(ToQt(Model.GetTitle()));
+    FPlot->axisRect()->setMinimumMargins(QMargins(0, 0, FContext.Scaled(32), 0));  // half of the last number
     FPlot->setBackground(FContext.Color("coChartBackground"));
     StyleAxis(*FPlot->xAxis, Model.BottomAxis().PenVisible);
     StyleAxis(*FPlot->yAxis, Model.LeftAxis().PenVisible);
@@ -178,7 +178,8 @@ void TChartRenderer::TPlot::AddLine(const fw::TLineSeries& Series) {
                                   Series.PointerVisible ? FContext.Scaled(Series.PointerSize) + 1 : 0);
     for (const QPointF& P : Points) Line->addData(P.x(), P.y());
     const QColor Color = Series.GetColor() ? ToQColor(*Series.GetColor()) : FContext.Color("coChartLine");
-    Line->setPen(QPen(Color, kLineWidth, Series.PointerVisible ? Qt::SolidLine : Qt::DashLine));
+    Line->setPen(
+        QPen(Color, kLineWidth * FContext.GetScale() / 100, Series.PointerVisible ? Qt::SolidLine : Qt::DashLine));
     if (Series.PointerVisible) {
         const auto Shape =
             Series.PointerStyle == fw::EPointerStyle::Rectangle ? QCPScatterStyle::ssSquare : QCPScatterStyle::ssCircle;
@@ -237,7 +238,11 @@ TChartRenderer::TChartRenderer(fw::TChart& Model, TRenderContext& Context, QWidg
     auto* Box = new QVBoxLayout(this);
     Box->setContentsMargins(0, 0, 0, 0);
     Box->addWidget(FPlot->FPlot);
-    setMinimumSize(Context.Scaled(200), Context.Scaled(140));
+    const auto Measure = [this] {
+        setMinimumSize(FContext.Scaled(200), FContext.Scaled(140));
+        DrawLater();
+    };
+    Measure();
     QAccessible::installFactory(&MakeAccessibleChart);
     FPlot->FPlot->installEventFilter(this);
     connect(FPlot->FPlot, &QCustomPlot::afterLayout, this, [this] {
@@ -255,6 +260,7 @@ TChartRenderer::TChartRenderer(fw::TChart& Model, TRenderContext& Context, QWidg
         DrawLater();
     });
     FLinks += Context.OnSkinChanged.Connect([this] { DrawLater(); });
+    FLinks += Context.OnMetricsChanged.Connect(Measure);
     FLinks += fw::NumberFormatChanged().Connect([this] { DrawLater(); });
     Describe();
 }

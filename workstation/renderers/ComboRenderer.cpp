@@ -10,7 +10,7 @@
 
 namespace ws {
 
-TComboRenderer::TComboRenderer(fw::TComboBox& Model, TRenderContext&, QWidget* Parent)
+TComboRenderer::TComboRenderer(fw::TComboBox& Model, TRenderContext& Context, QWidget* Parent)
     : QComboBox(Parent), FModel(Model) {
     setFocusPolicy(Qt::StrongFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -20,6 +20,7 @@ TComboRenderer::TComboRenderer(fw::TComboBox& Model, TRenderContext&, QWidget* P
     FLinks += Model.OnItemsChanged.Connect([this] { ReloadItems(); });
     FLinks += Model.OnIndexChanged.Connect([this] { ReloadIndex(); });
     FLinks += Model.OnModelChanged.Connect([this] { ReloadItems(); });
+    FLinks += Context.OnMetricsChanged.Connect([this] { WidenList(); });
     connect(this, &QComboBox::activated, this, [this](int Index) {
         if (!FModel) return;
         FModel->SetItemIndex(Index);
@@ -32,12 +33,16 @@ void TComboRenderer::ReloadItems() {
     const QSignalBlocker Silent(this);
     clear();
     for (int i = 0; i < FModel->GetCount(); ++i) addItem(ToQt(FModel->GetItem(i)));
-    int Widest = 0;
-    for (int i = 0; i < count(); ++i) Widest = std::max(Widest, fontMetrics().horizontalAdvance(itemText(i)));
-    view()->setMinimumWidth(Widest + 4 * fontMetrics().averageCharWidth());
+    WidenList();
     setEnabled(FModel->IsEnabled());
     setVisible(FModel->IsVisible());
     ReloadIndex();
+}
+
+void TComboRenderer::WidenList() {
+    int Widest = 0;
+    for (int i = 0; i < count(); ++i) Widest = std::max(Widest, fontMetrics().horizontalAdvance(itemText(i)));
+    view()->setMinimumWidth(Widest + 4 * fontMetrics().averageCharWidth());
 }
 
 void TComboRenderer::ReloadIndex() {

@@ -20,6 +20,7 @@ protected:
 private:
     void ReloadItems();
     void ReloadIndex();
+    void WidenList();
 
     TModelRef<fw::TComboBox> FModel;
     fw::TConnections FLinks;

@@ -18,6 +18,7 @@ public:
 
 private:
     std::unique_ptr<THintRenderer> FHint;
+    fw::TConnections FLinks;
 };
 
 }  // namespace ws

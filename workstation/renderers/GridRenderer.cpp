@@ -25,7 +25,6 @@ void PrepareHeader(QHeaderView& Header, bool Ellipsis) {
     Header.setHighlightSections(false);
     Header.setSectionsClickable(false);
     Header.setTextElideMode(Ellipsis ? Qt::ElideRight : Qt::ElideNone);
-    Header.setMinimumSectionSize(Header.fontMetrics().averageCharWidth() * 3);
     Header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
@@ -44,7 +43,6 @@ TGridRenderer::TGridRenderer(fw::TGridTableView& View, TRenderContext& Context, 
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     PrepareHeader(*horizontalHeader(), View.Options.HeaderEndEllipsis);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { FUserResized |= !FLayingOut; });
     horizontalHeader()->viewport()->installEventFilter(this);
@@ -55,6 +53,7 @@ TGridRenderer::TGridRenderer(fw::TGridTableView& View, TRenderContext& Context, 
     connect(&FMarkTimer, &QTimer::timeout, this, [this] { LookAtMarks(); });
     FMarkTimer.start();
     Connect();
+    Measure();
     ReloadColumns();
     FollowFocus();
     FollowEditor();
@@ -82,6 +81,16 @@ void TGridRenderer::Connect() {
         setVisible(FView->IsVisible());
     });
     FLinks += FContext.OnSkinChanged.Connect([this] { viewport()->update(); });
+    FLinks += FContext.OnMetricsChanged.Connect([this] {
+        Measure();
+        LayOutColumns();
+        PlaceEditor();
+    });
+}
+
+void TGridRenderer::Measure() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + FContext.Scaled(kRowPadding));
+    horizontalHeader()->setMinimumSectionSize(horizontalHeader()->fontMetrics().averageCharWidth() * 3);
 }
 
 // --- columns

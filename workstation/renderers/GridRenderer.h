@@ -50,6 +50,7 @@ protected:
 
 private:
     void Connect();
+    void Measure();
     void ReloadColumns();
     void LayOutColumns();
     void FollowFocus();

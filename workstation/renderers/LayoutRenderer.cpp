@@ -57,11 +57,9 @@ TLayoutGroupRenderer::TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderConte
     const bool Horizontal = Model.GetDirection() == fw::EDirection::Horizontal;
     auto* Box = new QBoxLayout(Horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, this);
     Box->setContentsMargins(0, 0, 0, 0);
-    Box->setSpacing(Context.Scaled(6));
     if (Model.Splitter) {
         FSplitter = new QSplitter(Horizontal ? Qt::Horizontal : Qt::Vertical, this);
         FSplitter->setChildrenCollapsible(false);
-        FSplitter->setHandleWidth(Context.Scaled(6));
         Box->addWidget(FSplitter, 1);
     }
     bool Stretches = Model.Splitter;
@@ -69,28 +67,34 @@ TLayoutGroupRenderer::TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderConte
         QWidget* Widget = MakeRenderer(*Node, Context, FSplitter ? static_cast<QWidget*>(FSplitter) : this);
         if (!Widget) continue;
         Stretches |= Node->Stretch > 0;
+        FParts.push_back({Node, Widget});
         if (FSplitter)
             AddToSplitter(*Node, Widget);
         else
-            AddToBox(*Box, *Node, Widget);
+            Box->addWidget(Widget, Node->Stretch);
     }
     if (!Stretches) Box->addStretch(1);
+    Measure();
+    FLinks += Context.OnMetricsChanged.Connect([this] { Measure(); });
     FLinks += Model.OnModelChanged.Connect([this] { setVisible(FModel->IsVisible()); });
     setVisible(Model.IsVisible());
 }
 
-void TLayoutGroupRenderer::AddToBox(QBoxLayout& Box, fw::TLayoutNode& Node, QWidget* Widget) {
+void TLayoutGroupRenderer::Measure() {
+    if (!FModel) return;
+    layout()->setSpacing(FContext.Scaled(6));
+    if (FSplitter) return FSplitter->setHandleWidth(FContext.Scaled(6));
     const bool Horizontal = FModel->GetDirection() == fw::EDirection::Horizontal;
-    if (Node.PreferredSize > 0) {
-        const int Size = FContext.Scaled(Node.PreferredSize);
-        if (Node.Stretch <= 0)
+    for (const auto& [Node, Widget] : FParts) {
+        if (Node->PreferredSize <= 0) continue;
+        const int Size = FContext.Scaled(Node->PreferredSize);
+        if (Node->Stretch <= 0)
             SetExtent(*Widget, Horizontal, Size);
         else if (Horizontal)
             Widget->setMinimumWidth(Size);
         else
             Widget->setMinimumHeight(Size);
     }
-    Box.addWidget(Widget, Node.Stretch);
 }
 
 void TLayoutGroupRenderer::AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget) {

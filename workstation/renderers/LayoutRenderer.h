@@ -41,13 +41,14 @@ protected:
     void resizeEvent(QResizeEvent* Event) override;
 
 private:
-    void AddToBox(QBoxLayout& Box, fw::TLayoutNode& Node, QWidget* Widget);
+    void Measure();
     void AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget);
     void ShareRoom();
 
     TModelRef<fw::TLayoutGroup> FModel;
     TRenderContext& FContext;
     fw::TConnections FLinks;
+    std::vector<std::pair<fw::TLayoutNode*, QWidget*>> FParts;  // borrowed of the model; children
     QSplitter* FSplitter = nullptr;
     bool FShared = false;  // the splitter has got its first sizes; later ones are the user's
 };

@@ -14,7 +14,7 @@ TPopupEditRenderer::TPopupEditRenderer(fw::TPopupEdit& Model, TRenderContext&, Q
     : TButtonLine(Parent, ELineButtons::Open), FModel(Model) {
     setFocusPolicy(Qt::StrongFocus);
     Line().setReadOnly(true);
-    Line().setMinimumWidth(fontMetrics().averageCharWidth() * 12);
+    SetLeastCharacters(12);
     auto* Bridge = new TFocusBridge(Model, *this, [this] {
         if (FModel) FModel->Exit();
     });

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/renderers/RenderContext.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QPalette>
@@ -17,12 +20,13 @@ constexpr int kFontHeightAtScale100 = 15;  // pixels of a line of the applicatio
 }
 
 QColor TRenderContext::Color(const char* Key) const {
-    const auto Found = TSkinTable::Embedded().Color(FSkin, Key);
+    const auto Found = TSkinTable::Embedded().Color(FSkin, Key, FProfitPalette);
     return Found ? QColor(Found->FRed, Found->FGreen, Found->FBlue) : QApplication::palette().color(QPalette::Text);
 }
 
-void TRenderContext::SetSkin(fw::Text Name) {
+void TRenderContext::SetSkin(fw::Text Name, fw::Text ProfitPalette) {
     FSkin = std::move(Name);
+    FProfitPalette = std::move(ProfitPalette);
     OnSkinChanged();
 }
 
@@ -32,9 +36,22 @@ QString TRenderContext::Translate(const char* Key, const std::vector<fw::Text>& 
     return ToQt(Fill(Result, Args));
 }
 
+void TRenderContext::SetScale(int PerCent) {
+    QFont Font = QApplication::font();
+    const double Points = kFontPoints * PerCent / 100;
+    if (PerCent == FScale && Font.pointSizeF() == Points) return;
+    FScale = PerCent;
+    Font.setPointSizeF(Points);
+    QApplication::setFont(Font);
+    OnMetricsChanged();
+}
+
 int TRenderContext::Scaled(int Pixels) const {
-    const int Height = QFontMetrics(QApplication::font()).height();
-    return Height <= kFontHeightAtScale100 ? Pixels : Pixels * Height / kFontHeightAtScale100;
+    QFont Unscaled = QApplication::font();
+    Unscaled.setPointSizeF(kFontPoints);
+    const int Height = std::max(kFontHeightAtScale100, QFontMetrics(Unscaled).height());
+    return static_cast<int>(
+        std::lround(static_cast<double>(Pixels) * FScale * Height / (100.0 * kFontHeightAtScale100)));
 }
 
 }  // namespace ws

@@ -19,19 +19,28 @@ class TPopupControl;
 
 namespace ws {
 
+inline constexpr double kFontPoints = 9.0;  // of the application's font at scale 100
+
 // What renderers take from the program around them. One object for all of them; it outlives them. The callbacks may be
 // left out.
 class TRenderContext {
 public:
-    // The skin's colour of a key ("coProfit", ...); an unknown key gives the palette's text colour.
+    // The skin's colour of a key ("coProfit", ...), those of profit and loss as the chosen palette has them; an unknown
+    // key gives the toolkit palette's text colour.
     QColor Color(const char* Key) const;
     const fw::Text& GetSkin() const { return FSkin; }
-    void SetSkin(fw::Text Name);  // redraws everything
+    const fw::Text& GetProfitPalette() const { return FProfitPalette; }
+    void SetSkin(fw::Text Name, fw::Text ProfitPalette = {});  // redraws everything
 
     // The text of a resource key in the current language, %1..%9 filled in.
     QString Translate(const char* Key, const std::vector<fw::Text>& Args = {}) const;
 
-    // Layout sizes of the models are pixels at scale 100: brought to the size of the application's font.
+    // The scale in per cent: the application's font, and everything that is measured by it or by Scaled. What is open
+    // takes its new size on OnMetricsChanged.
+    int GetScale() const { return FScale; }
+    void SetScale(int PerCent);
+    // Layout sizes of the models are pixels at scale 100: brought to the scale, and to a font that is higher than
+    // theirs.
     int Scaled(int Pixels) const;
 
     // The user tried to edit a cell of an editable column and the view refused.
@@ -46,9 +55,11 @@ public:
     std::function<QWidget*(fw::TPopupControl& Popup, QWidget* Parent)> MakePopupContent;
 
     fw::TSignal<> OnSkinChanged;
+    fw::TSignal<> OnMetricsChanged;
 
 private:
-    fw::Text FSkin;
+    fw::Text FSkin, FProfitPalette;
+    int FScale = 100;
 };
 
 }  // namespace ws

@@ -22,7 +22,7 @@ TSpinEditRenderer::TSpinEditRenderer(fw::TSpinEdit& Model, TRenderContext& Conte
         if (FModel) FModel->Exit();
     });
     Bridge->Watch(Line());
-    Line().setMinimumWidth(fontMetrics().averageCharWidth() * 9);
+    SetLeastCharacters(9);
     OnTyped = [this](const QString& Text) {
         if (FModel) FModel->SetEditText(FromQt(Text));
     };

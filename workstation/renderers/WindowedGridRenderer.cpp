@@ -44,7 +44,6 @@ TWindowedGridRenderer::TWindowedGridRenderer(fw::TGridTableView& View, TRenderCo
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
-    setMinimumSize(Context.Scaled(120), 4 * RowHeight());
     new TFocusBridge(View, *this);
     InstallAccessibleTables();
     const auto Redraw = [this] { viewport()->update(); };
@@ -61,13 +60,19 @@ TWindowedGridRenderer::TWindowedGridRenderer(fw::TGridTableView& View, TRenderCo
         setVisible(FView->IsVisible());
     });
     FLinks += Context.OnSkinChanged.Connect(Redraw);
+    FLinks += Context.OnMetricsChanged.Connect([this] { Measure(); });
+    Measure();
+}
+
+void TWindowedGridRenderer::Measure() {
+    setMinimumSize(FContext.Scaled(120), 4 * RowHeight());
     Reload();
 }
 
 int TWindowedGridRenderer::GetRowCount() const { return FView ? FView->GetDataController().GetRecordCount() : 0; }
 int TWindowedGridRenderer::GetTopRow() const { return verticalScrollBar()->value(); }
-int TWindowedGridRenderer::RowHeight() const { return fontMetrics().height() + kPadding; }
-int TWindowedGridRenderer::HeaderHeight() const { return fontMetrics().height() + 2 * kPadding; }
+int TWindowedGridRenderer::RowHeight() const { return fontMetrics().height() + FContext.Scaled(kPadding); }
+int TWindowedGridRenderer::HeaderHeight() const { return fontMetrics().height() + FContext.Scaled(2 * kPadding); }
 
 int TWindowedGridRenderer::GetFullRows() const {
     return std::max(1, (viewport()->height() - HeaderHeight()) / RowHeight());

@@ -59,6 +59,7 @@ protected:
 
 private:
     void Reload();
+    void Measure();
     void UpdateScrollBar();
     int HeaderHeight() const;
     int RowHeight() const;

@@ -16,6 +16,12 @@ extern const std::string_view kSkinsCsv;
 
 namespace {
 
+constexpr char kPaletteMark = '.';
+
+void AddOnce(std::vector<std::string>& Names, const std::string& Name) {
+    if (std::find(Names.begin(), Names.end(), Name) == Names.end()) Names.push_back(Name);
+}
+
 double LinearShare(std::uint8_t Channel) {
     const double Share = Channel / 255.0;
     return Share <= 0.03928 ? Share / 12.92 : std::pow((Share + 0.055) / 1.055, 2.4);
@@ -78,10 +84,23 @@ TSkinTable TSkinTable::Parse(std::string_view Csv, const std::string& Name) {
             if (!Table.FColors[Table.FSkins[Index]].emplace(Fields[0], *Color).second)
                 Fail("the key " + Fields[0] + " stands twice");
         }
-        Table.FKeys.push_back(Fields[0]);
+        const std::size_t Point = Fields[0].find(kPaletteMark);
+        AddOnce(Table.FKeys, Fields[0].substr(0, Point));
+        if (Point != std::string::npos) AddOnce(Table.FPalettes, Fields[0].substr(Point + 1));
     }
     if (Table.FKeys.empty()) throw std::runtime_error(Name + ": holds no colours");
+    Table.CheckPalettes(Name);
     return Table;
+}
+
+void TSkinTable::CheckPalettes(const std::string& Name) const {
+    const auto& Colors = FColors.begin()->second;
+    for (const std::string& Key : FKeys) {
+        if (Colors.count(Key)) continue;
+        for (const std::string& Palette : FPalettes)
+            if (!Colors.count(Key + kPaletteMark + Palette))
+                throw std::runtime_error(Name + ": " + Key + " has no colour for the palette " + Palette);
+    }
 }
 
 const TSkinTable& TSkinTable::Embedded() {
@@ -89,10 +108,15 @@ const TSkinTable& TSkinTable::Embedded() {
     return Table;
 }
 
-std::optional<TRgb> TSkinTable::Color(std::string_view Skin, std::string_view Key) const {
+std::optional<TRgb> TSkinTable::Color(std::string_view Skin, std::string_view Key, std::string_view Palette) const {
     const auto BySkin = FColors.find(Skin);
     if (BySkin == FColors.end()) return std::nullopt;
-    const auto Found = BySkin->second.find(Key);
+    auto Found = BySkin->second.find(Key);
+    if (Found == BySkin->second.end() && !FPalettes.empty()) {
+        const bool Known = std::find(FPalettes.begin(), FPalettes.end(), Palette) != FPalettes.end();
+        Found =
+            BySkin->second.find(std::string(Key) + kPaletteMark + (Known ? std::string(Palette) : FPalettes.front()));
+    }
     return Found == BySkin->second.end() ? std::nullopt : std::optional(Found->second);
 }
 

@@ -41,10 +41,10 @@ TStrategyLeg LegOf(const std::string& Value) {
     return {Parts[0], Parts[1] == "buy" ? ELegSide::Buy : ELegSide::Sell, Premium, *Qty};
 }
 
-std::string NumberFormats() {
-    std::string Names;
-    for (const auto& Name : fw::NumberFormatNames()) Names += (Names.empty() ? "" : ", ") + Name;
-    return Names;
+std::string Listed(const std::vector<std::string>& Names) {
+    std::string Result;
+    for (const auto& Name : Names) Result += (Result.empty() ? "" : ", ") + Name;
+    return Result;
 }
 
 const std::vector<TOption>& Options() {
@@ -56,7 +56,8 @@ const std::vector<TOption>& Options() {
          true,
          [](auto& C, auto& V) {
              const auto& Skins = TSkinTable::Embedded().Skins();
-             if (std::find(Skins.begin(), Skins.end(), V) == Skins.end()) throw TUsageError{"Res_UsageSkin", {V}};
+             if (std::find(Skins.begin(), Skins.end(), V) == Skins.end())
+                 throw TUsageError{"Res_UsageSkin", {V, Listed(Skins)}};
              C.Skin = V;
          }},
         {"--language",
@@ -70,7 +71,8 @@ const std::vector<TOption>& Options() {
          {Window, Headless, Picture},
          true,
          [](auto& C, auto& V) {
-             if (!fw::FindNumberFormat(V)) throw TUsageError{"Res_UsageNumberFormat", {V, NumberFormats()}};
+             if (!fw::FindNumberFormat(V))
+                 throw TUsageError{"Res_UsageNumberFormat", {V, Listed(fw::NumberFormatNames())}};
              C.NumberFormat = V;
          }},
         {"--import", {Headless}, true, [](auto& C, auto& V) { C.ImportFile = V; }},

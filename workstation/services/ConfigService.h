@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <vector>
+
 #include "framework/base/OwnerRegistrations.h"
 #include "framework/services/ConfigManager.h"
 #include "workstation/resources/Skins.h"
@@ -8,8 +12,15 @@
 
 namespace ws {
 
-// Options by section and key: what the store holds, and below it the colours that ship with the skins (a section named
-// like a skin). Writing an option notifies at once.
+// An option to be stored; none: what is stored there is removed.
+struct TConfigChange {
+    fw::Text Section, Key;
+    std::optional<fw::Text> Value;
+};
+
+// Options by section and key: what the store holds, and below it the defaults of the preferences and the colours that
+// ship with the skins (a section named like a skin). A preference that holds what it may not counts as not stored.
+// Writing notifies at once; it raises EStoreError, and nobody is told then.
 class TConfigService : public fw::TCustomConfigManager {
 public:
     TConfigService(TStore& Store, const TSkinTable& Skins) : FStore(&Store), FSkins(Skins) {}
@@ -20,13 +31,20 @@ public:
     void RemoveConfigUpdateEvent(fw::TObject* Owner) override { FEvents.Remove(Owner); }
     fw::Text ReadString(const fw::Text& Section, const fw::Text& Key) override;
     int ReadInteger(const fw::Text& Section, const fw::Text& Key) override;
-    fw::Text GetUserSection() override { return "User." + FUser; }
+    fw::Text GetUserSection() override;
     bool GetKeepColumnLayout() override;
 
     void WriteString(const fw::Text& Section, const fw::Text& Key, const fw::Text& Value);
+    void Write(const std::vector<TConfigChange>& Changes);
+    // What the store itself holds there.
+    std::optional<fw::Text> Stored(const fw::Text& Section, const fw::Text& Key) const;
+
     void SetUser(fw::Text User);
-    void Notify() { FEvents.Notify("configuration", this, nullptr); }
+    void Notify();
     bool HasOwners() const { return !FEvents.IsEmpty(); }
+
+    // Before the owners are told: services that follow an option.
+    std::function<void()> OnChanged;
 
 private:
     TStore* FStore;            // borrowed

@@ -7,10 +7,10 @@
 
 namespace ws {
 
-// The current skin; its colours are options in the section of its name.
+// The configured skin; its colours are options in the section of its name.
 class TLookAndFeelService : public fw::TCustomLookAndFeelService {
 public:
-    TLookAndFeelService(fw::TCustomConfigManager& Config, fw::Text Skin) : FConfig(Config), FSkin(std::move(Skin)) {}
+    explicit TLookAndFeelService(fw::TCustomConfigManager& Config);
 
     fw::Text GetSkinName() override { return FSkin; }
     fw::TColor GetSkinColor(int Index, const fw::Text& Key) override;  // red where the key holds no colour
@@ -19,13 +19,17 @@ public:
     }
     void RemoveLookAndFeelChangedEvent(fw::TObject* Owner) override { FEvents.Remove(Owner); }
 
-    // Announces the skin to every view.
-    void SetSkin(fw::Text Skin);
+    fw::Text GetPaletteName() const { return FPalette; }  // of profit and loss
+
+    // Takes up the configured skin and palette, and announces them to every view where one is another than before.
+    void Follow();
     bool HasOwners() const { return !FEvents.IsEmpty(); }
 
 private:
+    bool Take();
+
     fw::TCustomConfigManager& FConfig;  // borrowed
-    fw::Text FSkin;
+    fw::Text FSkin, FPalette;
     fw::TOwnerRegistrations<fw::TObject*, fw::TObject*> FEvents;
 };
 

@@ -6,27 +6,19 @@
 #include "framework/base/Clock.h"
 #include "framework/base/Numbers.h"
 #include "workstation/market/MarketDay.h"
+#include "workstation/preferences/PreferenceTable.h"
+#include "workstation/preferences/StoredPreferences.h"
 
 namespace ws {
 
 namespace {
 
-constexpr const char* kSection = "Workstation";
 constexpr const char* kKeyUser = "User";
-constexpr const char* kKeyLanguage = "Language";
-constexpr const char* kKeySkin = "Skin";
-constexpr const char* kKeyNumberFormat = "NumberFormat";
 constexpr int kSampleUtcOffsetMinutes = 8 * 60;  // the sample's exchanges keep Hong Kong time
 constexpr int kTicksPerMarketStep = 1000 / kTimerPeriodMs;
 constexpr int kTicksPerRetry = 3000 / kTimerPeriodMs;  // a try may wait a second for another program's lock
 
 std::string Now() { return MarketTimeText(fw::TClock::Now(), kSampleUtcOffsetMinutes); }
-
-std::string SkinOf(const TStore& Store) {
-    const auto& Skins = TSkinTable::Embedded().Skins();
-    const auto Stored = Store.ReadSetting(kSection, kKeySkin);
-    return Stored && std::find(Skins.begin(), Skins.end(), *Stored) != Skins.end() ? *Stored : Skins.front();
-}
 
 }  // namespace
 
@@ -47,7 +39,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
       }()),
       FConfig(*FStore, TSkinTable::Embedded()),
       FLanguage(TTextTable::Embedded()),
-      FLookAndFeel(FConfig, SkinOf(*FStore)),
+      FLookAndFeel(FConfig),
       FExchange([this](const std::string& Symbol) { return PaperContractOf(Symbol); },
                 [this](std::function<void()> Task) { FQueue.Post(std::move(Task)); }, {.Seed = Options.Seed}),
       FSubscriptions(FMarket, FQueue,
@@ -63,10 +55,12 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
     FYesterday = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
     OpenOrders();
-    FLanguage.SetLanguage(fw::TextToIntDef(FStore->ReadSetting(kSection, kKeyLanguage).value_or("0"), 0));
-    if (!ApplyNumberFormat(FStore->ReadSetting(kSection, kKeyNumberFormat).value_or(""))) ApplyNumberFormat("");
+    FConfig.OnChanged = [this] { FollowConfig(); };
+    FConfig.OnChanged();
+    const auto Problems = CheckStoredPreferences(FStore->LoadSettings());
+    FNotices.insert(FNotices.end(), Problems.begin(), Problems.end());
 
-    const auto Last = FStore->ReadSetting(kSection, kKeyUser).value_or("");
+    const auto Last = FStore->ReadSetting(kWorkstationSection, kKeyUser).value_or("");
     if (!SetUser(Options.User.empty() ? Last : Options.User) && !FTrading.Users.empty()) {
         if (!Options.User.empty()) FNotices.push_back({"Res_UserUnknown", {Options.User, FTrading.Users.front().Code}});
         SetUser(FTrading.Users.front().Code);
@@ -176,31 +170,31 @@ bool TWorkstation::SetUser(const std::string& Code) {
     FProfile.SetUser(*User);
     FConfig.SetUser(Code);
     FEditors.SetAccounts(std::move(Accounts), User->DefaultAccount);
-    FStore->WriteSetting(kSection, kKeyUser, Code);
+    FStore->WriteSetting(kWorkstationSection, kKeyUser, Code);
     return true;
 }
 
 void TWorkstation::SetLanguage(int Language) {
-    FLanguage.SetLanguage(Language);
-    FStore->WriteSetting(kSection, kKeyLanguage, std::to_string(FLanguage.GetLanguage()));
+    const bool Known = Language >= 0 && Language < kLanguageCount;
+    FConfig.WriteString(kWorkstationSection, kPreferenceLanguage, std::to_string(Known ? Language : kLanguageEnglish));
 }
 
+void TWorkstation::SetSkin(const std::string& Skin) { FConfig.WriteString(kWorkstationSection, kPreferenceSkin, Skin); }
+
 bool TWorkstation::SetNumberFormat(const std::string& Name) {
-    if (!ApplyNumberFormat(Name)) return false;
-    FStore->WriteSetting(kSection, kKeyNumberFormat, Name);
+    if (!IsAllowed(*FindPreference(kWorkstationSection, kPreferenceNumberFormat), Name)) return false;
+    FConfig.WriteString(kWorkstationSection, kPreferenceNumberFormat, Name);
     return true;
 }
 
-bool TWorkstation::ApplyNumberFormat(const std::string& Name) const {
+// Before the views are told of a change. A view reads the skin's colours as options, and takes them up once more when
+// the options' own news reach it: the skin's name first.
+void TWorkstation::FollowConfig() {
+    FLanguage.SetLanguage(FConfig.ReadInteger(kWorkstationSection, kPreferenceLanguage));
+    const auto Name = FConfig.ReadString(kWorkstationSection, kPreferenceNumberFormat);
     const auto Format = Name.empty() ? FEnvironmentFormat : fw::FindNumberFormat(Name);
-    return Format && fw::SetNumberFormat(*Format);
-}
-
-// A view reads the skin's colours as options: options first, then the announcement of the skin.
-void TWorkstation::SetSkin(const std::string& Skin) {
-    FStore->WriteSetting(kSection, kKeySkin, Skin);
-    FLookAndFeel.SetSkin(Skin);
-    FConfig.Notify();
+    if (Format) fw::SetNumberFormat(*Format);
+    FLookAndFeel.Follow();
 }
 
 TImportReport TWorkstation::ImportChain(const std::filesystem::path& File, const TChainOptions& Options,

@@ -67,7 +67,8 @@ public:
     const TUserRow& User() const { return FProfile.User(); }
     bool SetUser(const std::string& Code);
 
-    // Language and skin are remembered. Views are told of a skin here; of a language by whoever owns the views.
+    // Language and skin are remembered, as any change of the preferences in Config() is, and hold at once. Views are
+    // told of a skin here; of a language by whoever owns the views.
     void SetLanguage(int Language);
     void SetSkin(const std::string& Skin);
 
@@ -105,7 +106,7 @@ public:
 
 private:
     TOpenedStore OpenStore(const TWorkstationOptions& Options);
-    bool ApplyNumberFormat(const std::string& Name) const;
+    void FollowConfig();
     void LoadMarket();
     void OpenOrders();
     void ReloadMarket();

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/shell/Application.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdio>
 
 #include <QFont>
@@ -9,18 +12,28 @@
 #include <QStyleOption>
 
 #include "framework/base/Dispatch.h"
+#include "workstation/renderers/RenderContext.h"
 
 namespace ws {
 
 namespace {
-
-constexpr int kFontPoints = 9;
 
 // The platform without a screen warns about every window; that one line says nothing to anybody.
 void HandleToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& Message) {
     if (Message == QLatin1String("This plugin does not support propagateSizeHints()")) return;
     std::fprintf(stderr, "%s\n", qUtf8Printable(Message));
 }
+
+// What the base style counts in pixels of its own, whatever the font.
+constexpr std::array kScaledMetrics{
+    QStyle::PM_SmallIconSize,           QStyle::PM_ButtonIconSize,           QStyle::PM_ToolBarIconSize,
+    QStyle::PM_ListViewIconSize,        QStyle::PM_TabBarIconSize,           QStyle::PM_MessageBoxIconSize,
+    QStyle::PM_LineEditIconSize,        QStyle::PM_IndicatorWidth,           QStyle::PM_IndicatorHeight,
+    QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight, QStyle::PM_ScrollBarExtent,
+    QStyle::PM_ScrollBarSliderMin,      QStyle::PM_MenuButtonIndicator,      QStyle::PM_TabBarTabHSpace,
+    QStyle::PM_TabBarTabVSpace,         QStyle::PM_LayoutHorizontalSpacing,  QStyle::PM_LayoutVerticalSpacing,
+    QStyle::PM_LayoutLeftMargin,        QStyle::PM_LayoutTopMargin,          QStyle::PM_LayoutRightMargin,
+    QStyle::PM_LayoutBottomMargin};
 
 // Borders and grid lines in the skin's own colours; the base style derives them from the window's, which a dark skin
 // swallows.
@@ -39,6 +52,11 @@ public:
         Painter->drawRect(Option->rect.adjusted(0, 0, -1, -1));
         Painter->restore();
     }
+    int pixelMetric(PixelMetric Metric, const QStyleOption* Option, const QWidget* Widget) const override {
+        const int Pixels = QProxyStyle::pixelMetric(Metric, Option, Widget);
+        if (std::find(kScaledMetrics.begin(), kScaledMetrics.end(), Metric) == kScaledMetrics.end()) return Pixels;
+        return static_cast<int>(std::lround(Pixels * QApplication::font().pointSizeF() / kFontPoints));
+    }
     int styleHint(StyleHint Hint, const QStyleOption* Option, const QWidget* Widget,
                   QStyleHintReturn* Data) const override {
         if (Hint == SH_Table_GridLineColor && Option)
@@ -55,7 +73,7 @@ TApplication::TApplication(int& ArgumentCount, char** Arguments) : QApplication(
     setStyle(new TSkinStyle);
     QFont Font;
     Font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("WenQuanYi Micro Hei")});
-    Font.setPointSize(kFontPoints);
+    Font.setPointSizeF(kFontPoints);
     setFont(Font);
 }
 

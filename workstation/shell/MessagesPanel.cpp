@@ -19,11 +19,15 @@ TMessagesPanel::TMessagesPanel(TMessageList& List, TRenderContext& Context, QWid
     FTable->setShowGrid(false);
     FTable->verticalHeader()->hide();
     FTable->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    FTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + Context.Scaled(6));
     FTable->horizontalHeader()->setStretchLastSection(true);
     FTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    FTable->setColumnWidth(TMessageList::kTime, fontMetrics().averageCharWidth() * 11);
-    FTable->setColumnWidth(TMessageList::kLevel, fontMetrics().averageCharWidth() * 17);
+    const auto Measure = [this] {
+        FTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + FContext.Scaled(6));
+        FTable->setColumnWidth(TMessageList::kTime, fontMetrics().averageCharWidth() * 11);
+        FTable->setColumnWidth(TMessageList::kLevel, fontMetrics().averageCharWidth() * 17);
+    };
+    Measure();
+    FLinks += Context.OnMetricsChanged.Connect(Measure);
     FCopy->setShortcut(QKeySequence::Copy);
     FCopy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     FTable->addAction(FCopy);

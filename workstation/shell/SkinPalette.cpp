@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <array>
 
+#include <QApplication>
+#include <QToolTip>
+
+#include "workstation/preferences/PreferenceTable.h"
 #include "workstation/resources/Skins.h"
 
 namespace ws {
@@ -41,6 +45,21 @@ QPalette SkinPalette(const std::string& Skin) {
     for (const TRole& Role : kRoles) Result.setColor(Role.Role, ColorOf(Role.Key));
     for (const QPalette::ColorRole Role : kDimmed) Result.setColor(QPalette::Disabled, Role, ColorOf("coDisabledText"));
     return Result;
+}
+
+bool ShowLook(TWorkstation& Workstation, TRenderContext& Context) {
+    const fw::Text Skin = Workstation.LookAndFeel().GetSkinName();
+    const fw::Text Profit = Workstation.LookAndFeel().GetPaletteName();
+    const QPalette Colors = SkinPalette(Skin);
+    const bool Same = Context.GetSkin() == Skin && Context.GetProfitPalette() == Profit &&
+                      QApplication::palette().cacheKey() == QToolTip::palette().cacheKey();
+    if (!Same) {
+        QApplication::setPalette(Colors);
+        QToolTip::setPalette(Colors);
+        Context.SetSkin(Skin, Profit);
+    }
+    Context.SetScale(Workstation.Config().ReadInteger(kPlatformSection, kPreferenceScale));
+    return !Same;
 }
 
 }  // namespace ws

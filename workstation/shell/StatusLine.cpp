@@ -19,7 +19,8 @@ TStatusLine::TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidge
       FProblem(new QToolButton(this)) {
     FHint->setTextFormat(Qt::PlainText);
     FHint->setMinimumWidth(1);  // a long sentence is cut, the window keeps its width
-    FHint->setContentsMargins(Context.Scaled(6), 0, Context.Scaled(6), 0);
+    const auto Measure = [this] { FHint->setContentsMargins(FContext.Scaled(6), 0, FContext.Scaled(6), 0); };
+    Measure();
     FProblem->setAutoRaise(true);
     FProblem->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addWidget(FHint, 1);
@@ -30,6 +31,7 @@ TStatusLine::TStatusLine(TMessageList& Messages, TRenderContext& Context, QWidge
     });
     FLinks += Messages.OnProblem.Connect([this] { UpdateProblem(); });
     FLinks += Context.OnSkinChanged.Connect([this] { UpdateProblem(); });
+    FLinks += Context.OnMetricsChanged.Connect(Measure);
     Retranslate();
 }
 
@@ -81,7 +83,7 @@ void TStatusLine::UpdateProblem() {
     QPalette Colors = palette();
     Colors.setColor(QPalette::ButtonText, FContext.Color(Error ? "coError" : "coWarning"));
     FProblem->setPalette(Colors);
-    QFont Font = font();
+    QFont Font;
     Font.setBold(FMessages.UnseenProblems() > 0);
     FProblem->setFont(Font);
 }

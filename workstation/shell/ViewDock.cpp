@@ -20,7 +20,9 @@ TDockTitleBar::TDockTitleBar(QDockWidget& Dock, TRenderContext& Context, std::fu
       FRow(new QHBoxLayout(this)),
       FGroup(new TLinkGroupButton(Context, this)),
       FCaption(new QLabel(this)) {
-    FRow->setContentsMargins(Context.Scaled(8), 2, 4, 2);
+    const auto Measure = [this] { FRow->setContentsMargins(FContext.Scaled(8), 2, 4, 2); };
+    Measure();
+    FLinks += Context.OnMetricsChanged.Connect(Measure);
     FRow->setSpacing(2);
     QFont Bold = font();
     Bold.setBold(true);
@@ -98,9 +100,10 @@ TViewDock::TViewDock(fw::TIBaseView& View, int64_t Handle, const std::string& Ke
         setWidget(FRenderer);
     }
     int Width = 0, Height = 0;
-    if (View.GetDefaultSize(Width, Height)) FDefaultSize = QSize(Context.Scaled(Width), Context.Scaled(Height));
+    if (View.GetDefaultSize(Width, Height)) FDefaultSize = QSize(Width, Height);
     connect(this, &QDockWidget::topLevelChanged, this, [this](bool Floats) {
-        if (Floats && FDefaultSize.isValid()) resize(FDefaultSize);
+        if (Floats && FDefaultSize.isValid())
+            resize(FContext.Scaled(FDefaultSize.width()), FContext.Scaled(FDefaultSize.height()));
     });
     FLinks += Context.OnSkinChanged.Connect([this] {
         FTitle->Retranslate();

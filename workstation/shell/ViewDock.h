@@ -43,6 +43,7 @@ private:
     QToolButton* FFloat;
     QToolButton* FClose;
     std::vector<QToolButton*> FButtons;
+    fw::TConnections FLinks;
 };
 
 // One open instance of a view.
@@ -84,7 +85,7 @@ private:
     std::function<void(TViewDock&)> FOnClose;
     TDockTitleBar* FTitle;
     TFrameRenderer* FRenderer = nullptr;
-    QSize FDefaultSize;
+    QSize FDefaultSize;  // at scale 100
     fw::TConnections FLinks;
 };
 

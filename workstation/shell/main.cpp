@@ -103,7 +103,6 @@ fw::TIBaseView* ChosenView(const TViewCatalog& Catalog, const std::string& Name)
 int RunOnViews(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
     TLogPrinter Printer(Workstation);
     const TServiceLoop Loop(Workstation);
-    QApplication::setPalette(SkinPalette(Context.GetSkin()));
     LoadPackages();
     TViewCatalog Catalog;
     Catalog.Reload();
@@ -132,7 +131,7 @@ int Run(const TCommandLine& Line) {
     ApplyChoices(Workstation, Line);
     if (Line.Mode == ERunMode::Import) return RunImport(Workstation, Line, std::cout, std::cerr);
     TRenderContext Context;
-    Context.SetSkin(Workstation.LookAndFeel().GetSkinName());
+    ShowLook(Workstation, Context);
     if (Line.Mode == ERunMode::Window) return RunWindow(Workstation, Context);
     if (Line.Mode == ERunMode::Pictures) return RunPictures(Workstation, Context, Line);
     if (Line.Mode == ERunMode::Picture && Line.View.empty()) return RunPicture(Workstation, Context, Line);

@@ -11,10 +11,6 @@ namespace ws {
 
 namespace {
 
-struct TNamedLimit {
-    const char* Name;
-    double TTradingLimits::*Field;
-};
 constexpr std::array kLimits{TNamedLimit{"SoftQty", &TTradingLimits::SoftQty},
                              TNamedLimit{"HardQty", &TTradingLimits::HardQty},
                              TNamedLimit{"SoftValue", &TTradingLimits::SoftValue},
@@ -26,6 +22,8 @@ constexpr std::array kLimits{TNamedLimit{"SoftQty", &TTradingLimits::SoftQty},
 constexpr const char* kExchangesOf = "Exchanges.";
 
 }  // namespace
+
+std::span<const TNamedLimit> NamedLimits() { return kLimits; }
 
 bool TTradingLimits::MayTrade(const std::string& Account, const std::string& Exchange) const {
     const auto It = ExchangesOfAccount.find(Account);

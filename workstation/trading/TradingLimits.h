@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,13 @@ struct TTradingLimits {
 
     bool MayTrade(const std::string& Account, const std::string& Exchange) const;
 };
+
+// The limits by the names under which they are configured.
+struct TNamedLimit {
+    const char* Name;
+    double TTradingLimits::*Field;
+};
+std::span<const TNamedLimit> NamedLimits();
 
 // Read answers "" for what is not set. A text that is no number, or one below 0, is named in the log and the default
 // stands.
