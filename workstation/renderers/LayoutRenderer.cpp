@@ -60,6 +60,10 @@ TLayoutGroupRenderer::TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderConte
     if (Model.Splitter) {
         FSplitter = new QSplitter(Horizontal ? Qt::Horizontal : Qt::Vertical, this);
         FSplitter->setChildrenCollapsible(false);
+        connect(FSplitter, &QSplitter::splitterMoved, this, [this] {
+            FMoved = true;
+            FSizesAt.clear();
+        });
         Box->addWidget(FSplitter, 1);
     }
     bool Stretches = Model.Splitter;
@@ -83,7 +87,7 @@ TLayoutGroupRenderer::TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderConte
 void TLayoutGroupRenderer::Measure() {
     if (!FModel) return;
     layout()->setSpacing(FContext.Scaled(6));
-    if (FSplitter) return FSplitter->setHandleWidth(FContext.Scaled(6));
+    if (FSplitter) return MeasureSplitter();
     const bool Horizontal = FModel->GetDirection() == fw::EDirection::Horizontal;
     for (const auto& [Node, Widget] : FParts) {
         if (Node->PreferredSize <= 0) continue;
@@ -95,6 +99,24 @@ void TLayoutGroupRenderer::Measure() {
         else
             Widget->setMinimumHeight(Size);
     }
+}
+
+// What stood at a scale comes back with it: the sizes are kept until the room is another, or the user moves a border.
+void TLayoutGroupRenderer::MeasureSplitter() {
+    if (FShared) FSizesAt[FScale] = {size(), FSplitter->sizes()};
+    FScale = FContext.GetScale();
+    FSplitter->setHandleWidth(FContext.Scaled(6));
+    // Once the parts know how small they may be.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const auto Found = FSizesAt.find(FScale);
+            if (Found != FSizesAt.end() && Found->second.first == size())
+                FSplitter->setSizes(Found->second.second);
+            else if (FShared && !FMoved && FModel)
+                ShareRoom();
+        },
+        Qt::QueuedConnection);
 }
 
 void TLayoutGroupRenderer::AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <map>
+#include <utility>
 #include <vector>
 
 #include <QLabel>
@@ -42,6 +44,7 @@ protected:
 
 private:
     void Measure();
+    void MeasureSplitter();
     void AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget);
     void ShareRoom();
 
@@ -50,6 +53,9 @@ private:
     fw::TConnections FLinks;
     std::vector<std::pair<fw::TLayoutNode*, QWidget*>> FParts;  // borrowed of the model; children
     QSplitter* FSplitter = nullptr;
+    std::map<int, std::pair<QSize, QList<int>>> FSizesAt;  // by scale: the room and the parts' sizes in it
+    int FScale = 100;
+    bool FMoved = false;   // by the user
     bool FShared = false;  // the splitter has got its first sizes; later ones are the user's
 };
 

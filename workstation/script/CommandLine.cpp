@@ -8,6 +8,7 @@
 
 #include "framework/base/NumberFormat.h"
 #include "framework/base/Numbers.h"
+#include "workstation/preferences/PreferenceTable.h"
 #include "workstation/resources/Skins.h"
 #include "workstation/resources/Texts.h"
 
@@ -74,6 +75,16 @@ const std::vector<TOption>& Options() {
              if (!fw::FindNumberFormat(V))
                  throw TUsageError{"Res_UsageNumberFormat", {V, Listed(fw::NumberFormatNames())}};
              C.NumberFormat = V;
+         }},
+        {"--scale",
+         {Window, Headless, Picture},
+         true,
+         [](auto& C, auto& V) {
+             const TPreference& Scale = *FindPreference(kPlatformSection, kPreferenceScale);
+             std::vector<std::string> Known;
+             for (const auto& Each : Scale.Values) Known.push_back(Each.Text);
+             if (!IsAllowed(Scale, V)) throw TUsageError{"Res_UsageScale", {V, Listed(Known)}};
+             C.Scale = V;
          }},
         {"--import", {Headless}, true, [](auto& C, auto& V) { C.ImportFile = V; }},
         {"--skip-bad-lines", {Headless, Import}, false, [](auto& C, auto&) { C.SkipBadLines = true; }},

@@ -27,6 +27,7 @@ struct TCommandLine {
     std::string Skin;           // --skin, window and picture
     std::string Language;       // --language en|zh-Hant|zh-Hans; "": as remembered
     std::string NumberFormat;   // --number-format; "": as remembered
+    std::string Scale;          // --scale, per cent; "": as remembered
 };
 
 // Wrong arguments; a resource key and its arguments, for one clear line.

@@ -43,14 +43,15 @@ public:
 
     void drawPrimitive(PrimitiveElement Element, const QStyleOption* Option, QPainter* Painter,
                        const QWidget* Widget) const override {
-        if (Element != PE_FrameLineEdit && Element != PE_Frame)
-            return QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
-        const bool Focused = Element == PE_FrameLineEdit && (Option->state & State_HasFocus);
-        Painter->save();
-        Painter->setPen(Option->palette.color(Focused ? QPalette::Highlight : QPalette::Mid));
-        Painter->setBrush(Qt::NoBrush);
-        Painter->drawRect(Option->rect.adjusted(0, 0, -1, -1));
-        Painter->restore();
+        const bool Bare = Element == PE_FrameLineEdit || Element == PE_Frame;
+        if (!Bare) QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
+        if (Bare || Element == PE_PanelButtonCommand || Element == PE_IndicatorCheckBox)
+            DrawBorder(Option, Painter, Element != PE_Frame && (Option->state & State_HasFocus));
+    }
+    void drawComplexControl(ComplexControl Control, const QStyleOptionComplex* Option, QPainter* Painter,
+                            const QWidget* Widget) const override {
+        QProxyStyle::drawComplexControl(Control, Option, Painter, Widget);
+        if (Control == CC_ComboBox) DrawBorder(Option, Painter, Option->state & State_HasFocus);
     }
     int pixelMetric(PixelMetric Metric, const QStyleOption* Option, const QWidget* Widget) const override {
         const int Pixels = QProxyStyle::pixelMetric(Metric, Option, Widget);
@@ -62,6 +63,15 @@ public:
         if (Hint == SH_Table_GridLineColor && Option)
             return static_cast<int>(Option->palette.color(QPalette::Midlight).rgb());
         return QProxyStyle::styleHint(Hint, Option, Widget, Data);
+    }
+
+private:
+    static void DrawBorder(const QStyleOption* Option, QPainter* Painter, bool Focused) {
+        Painter->save();
+        Painter->setPen(Option->palette.color(Focused ? QPalette::Highlight : QPalette::Mid));
+        Painter->setBrush(Qt::NoBrush);
+        Painter->drawRect(Option->rect.adjusted(0, 0, -1, -1));
+        Painter->restore();
     }
 };
 

@@ -41,6 +41,7 @@ const std::vector<TCommand>& ShippedCommands() {
         {"language.2", "Res_LanguageSimplified", "Ctrl+Alt+3", "Res_MenuView", Window},
         {"skin.Light", "Res_SkinLight", "Ctrl+Alt+7", "Res_MenuView", Window},
         {"skin.Dark", "Res_SkinDark", "Ctrl+Alt+8", "Res_MenuView", Window},
+        {"skin.HighContrast", "Res_SkinHighContrast", "Ctrl+Alt+9", "Res_MenuView", Window},
 
         {"workspace.open", "Res_CommandWorkspaceOpen", "Ctrl+Shift+O", "Res_MenuWorkspace", Window},
         {"workspace.save-as", "Res_CommandWorkspaceSaveAs", "Ctrl+Shift+S", "Res_MenuWorkspace", Window},

@@ -126,7 +126,8 @@ std::vector<TCommands::TShown> TCommands::All() const {
         const QList<QKeySequence> Shipped = ParseKeys(Each->Command.Keys);
         Result.push_back({Each->Command.Id, PlainCaption(CaptionOf(*Each)),
                           PlainCaption(FContext.Translate(Each->Command.MenuKey.c_str())), Each->Action->shortcut(),
-                          Shipped.isEmpty() ? QKeySequence() : Shipped.first()});
+                          Shipped.isEmpty() ? QKeySequence() : Shipped.first(), Each->Command.Keys,
+                          Each->Command.Kind == TCommand::EKeys::Focused});
     }
     return Result;
 }

@@ -58,6 +58,8 @@ public:
         QString Menu;
         QKeySequence Keys;         // the first of them
         QKeySequence DefaultKeys;  // the first that ships
+        std::string ShippedKeys;   // all of them, in the portable form
+        bool Fixed = false;        // controls answer to them: they cannot be changed
     };
     std::vector<TShown> All() const;  // those that are bound, in the order of the menus
 

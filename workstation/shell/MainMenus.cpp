@@ -60,6 +60,7 @@ constexpr TLine kLines[] = {
     {kView, kLanguages, "language.2"},
     {kView, kSkins, "skin.Light"},
     {kView, kSkins, "skin.Dark"},
+    {kView, kSkins, "skin.HighContrast"},
     {kView, "", "-"},
     {kView, "", "panel.next"},
     {kView, "", "panel.previous"},

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
+#include <QScreen>
 
 #include "framework/base/Log.h"
 #include "workstation/renderers/QtText.h"
@@ -11,7 +12,6 @@
 #include "workstation/shell/Icons.h"
 #include "workstation/shell/ImportFlow.h"
 #include "workstation/shell/MissingHint.h"
-#include "workstation/shell/SkinPalette.h"
 #include "workstation/views/TradingViews.h"
 
 namespace ws {
@@ -25,7 +25,6 @@ constexpr QSize kWindowSize(1280, 860);
 constexpr int kMessagesHeight = 110;
 constexpr char kSettingSection[] = "Shell";
 constexpr char kSettingStarted[] = "FirstStartDone";
-constexpr char kShortcutSection[] = "Shortcuts";
 constexpr char kShowHintIcon[] = "show-hint";
 
 void LogNotice(const TStoreNotice& Notice) {
@@ -47,6 +46,9 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     const auto Sentence = [this](const fw::TLogEntry& Entry) {
         return FWorkstation.Language().Resource(Entry.Key, Entry.Args);
     };
+    FPreferences = std::make_unique<TPreferencesFlow>(Workstation, Context, *this);
+    FPreferences->OnLanguage = [this] { Retranslate(); };
+    FPreferences->OnLook = [this] { BuildMenus(); };
     FMessages = new TMessageList(Context, Sentence, this);
     FPanel = new TMessagesPanel(*FMessages, Context, this);
     FStatus = new TStatusLine(*FMessages, Context, this);
@@ -54,7 +56,8 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     setDockNestingEnabled(true);
     setDockOptions(QMainWindow::AllowNestedDocks | QMainWindow::AllowTabbedDocks | QMainWindow::AnimatedDocks);
     addDockWidget(Qt::BottomDockWidgetArea, FPanel);
-    resize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()));
+    resize(QSize(Context.Scaled(kWindowSize.width()), Context.Scaled(kWindowSize.height()))
+               .boundedTo(screen()->availableSize()));
     FDocks = std::make_unique<TViewDocks>(*this, FCatalog, Context, *FDialogs);
     FDocks->IsHeld = [this] { return FConfirmation.IsOpen(); };
     FTrading.SetPlaces(FStatus, FDocks.get());
@@ -94,11 +97,10 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
     FHintTimer.start(kHintMs);
     for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
-    ApplySkin(Workstation.LookAndFeel().GetSkinName());
     setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
     FCommands = std::make_unique<TCommands>(
-        *this, FContext, [this](const auto& Id) { return FWorkstation.Store().ReadSetting(kShortcutSection, Id); });
+        *this, FContext, [this](const auto& Id) { return FPreferences->Keys().KeysOf(Id); });
     FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext,
                                           [this](fw::TIBaseView& View) { FDocks->Open(View); });
     FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,
@@ -116,6 +118,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
 
 TMainWindow::~TMainWindow() {
     FTick.stop();
+    FPreferences->OnLanguage = FPreferences->OnLook = nullptr;
     FRun.reset();
     FDocks->CloseAll();
     FTrading.SetPlaces(nullptr, nullptr);
@@ -223,7 +226,23 @@ void TMainWindow::UpdateHint() {
 // --- language, skin, user, market
 
 void TMainWindow::SetLanguage(int Language) {
-    FWorkstation.SetLanguage(Language);
+    Remember([&] { FWorkstation.SetLanguage(Language); });
+}
+
+void TMainWindow::SetSkin(const std::string& Skin) {
+    Remember([&] { FWorkstation.SetSkin(Skin); });
+}
+
+// What is chosen holds from where it is stored.
+void TMainWindow::Remember(const std::function<void()>& Choice) {
+    try {
+        Choice();
+    } catch (const EStoreError& Error) {
+        fw::TLog::Error(Error.Key(), Error.Args());
+    }
+}
+
+void TMainWindow::Retranslate() {
     FDocks->SetLanguage(FWorkstation.Language().GetLanguage());
     setWindowTitle(FContext.Translate("Res_AppTitle"));
     FMessages->Retranslate();
@@ -231,17 +250,6 @@ void TMainWindow::SetLanguage(int Language) {
     FStatus->Retranslate();
     FPopups.Retranslate();
     FConfirmation.Retranslate();
-    BuildMenus();
-}
-
-void TMainWindow::ApplySkin(const std::string& Skin) {
-    QApplication::setPalette(SkinPalette(Skin));
-    FContext.SetSkin(Skin);
-}
-
-void TMainWindow::SetSkin(const std::string& Skin) {
-    ApplySkin(Skin);
-    if (FWorkstation.LookAndFeel().GetSkinName() != Skin) FWorkstation.SetSkin(Skin);
     BuildMenus();
 }
 

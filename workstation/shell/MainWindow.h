@@ -17,6 +17,7 @@
 #include "workstation/shell/MainMenus.h"
 #include "workstation/shell/MessageList.h"
 #include "workstation/shell/MessagesPanel.h"
+#include "workstation/shell/PreferencesFlow.h"
 #include "workstation/shell/StatusLine.h"
 #include "workstation/shell/StrategyFlow.h"
 #include "workstation/shell/SymbolPopups.h"
@@ -60,6 +61,7 @@ public:
     TDraftFlow& Drafts() { return *FDrafts; }
     TStrategyFlow& Strategies() { return *FStrategies; }
     TCommands& Commands() { return *FCommands; }
+    TPreferencesFlow& Preferences() { return *FPreferences; }
     TMainMenus& Menus() { return *FMenus; }
 
 protected:
@@ -73,7 +75,8 @@ private:
     void FillUsers(QMenu& Menu);
     fw::TIBaseView* FirstVisibleView() const;
     void ShowAbout();
-    void ApplySkin(const std::string& Skin);
+    void Retranslate();
+    void Remember(const std::function<void()>& Choice);
     void UpdateHint();
     void Say(const fw::Text& Key, const std::vector<fw::Text>& Args);
     void PollRun();
@@ -90,6 +93,7 @@ private:
     TMessagesPanel* FPanel;
     TStatusLine* FStatus;
     std::unique_ptr<TViewDocks> FDocks;
+    std::unique_ptr<TPreferencesFlow> FPreferences;
     std::unique_ptr<TCommands> FCommands;
     std::unique_ptr<TMainMenus> FMenus;
     std::unique_ptr<TViewCommands> FViewCommands;

@@ -52,7 +52,7 @@ bool ShowLook(TWorkstation& Workstation, TRenderContext& Context) {
     const fw::Text Profit = Workstation.LookAndFeel().GetPaletteName();
     const QPalette Colors = SkinPalette(Skin);
     const bool Same = Context.GetSkin() == Skin && Context.GetProfitPalette() == Profit &&
-                      QApplication::palette().cacheKey() == QToolTip::palette().cacheKey();
+                      QApplication::palette().color(QPalette::Window) == Colors.color(QPalette::Window);
     if (!Same) {
         QApplication::setPalette(Colors);
         QToolTip::setPalette(Colors);

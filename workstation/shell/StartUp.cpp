@@ -11,6 +11,7 @@
 
 #include "framework/base/Clock.h"
 #include "framework/base/NumberFormat.h"
+#include "workstation/preferences/PreferenceTable.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/resources/Texts.h"
 #include "workstation/shell/PackageLoader.h"
@@ -70,6 +71,7 @@ void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line) {
     if (!Line.Language.empty()) Workstation.SetLanguage(LanguageIndexOf(Line.Language).value_or(kLanguageEnglish));
     if (!Line.Skin.empty()) Workstation.SetSkin(Line.Skin);
     if (!Line.NumberFormat.empty()) Workstation.SetNumberFormat(Line.NumberFormat);
+    if (!Line.Scale.empty()) Workstation.Config().WriteString(kPlatformSection, kPreferenceScale, Line.Scale);
 }
 
 bool IsOfPictures(ERunMode Mode) { return Mode == ERunMode::Picture || Mode == ERunMode::Pictures; }

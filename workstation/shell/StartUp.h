@@ -17,7 +17,7 @@ std::string StartUpText(const std::string& Key, const std::vector<std::string>& 
 // else needs no window of a copy of the store.
 TWorkstationOptions OptionsOf(const TCommandLine& Line);
 
-// Language, skin and number format of the command line.
+// Language, skin, number format and scale of the command line.
 void ApplyChoices(TWorkstation& Workstation, const TCommandLine& Line);
 
 // Whether the mode draws pictures of the window: on the sample market alone, at a fixed moment.

@@ -18,6 +18,7 @@ void TMainWindow::BindCommands() {
         if (!Chosen.isEmpty()) ImportFile(Chosen);
     });
     FCommands->Bind("file.reset-market", [this] { ResetSample(); });
+    FCommands->Bind("file.preferences", [this] { FPreferences->Open(); });
     FCommands->Bind("file.exit", [this] { close(); });
     FCommands->Bind("edit.copy", [this] { FClipboard->CopyFocused(); });
     FCommands->Bind("edit.paste", [this] { FClipboard->PasteFocused(); });
@@ -39,7 +40,9 @@ void TMainWindow::BindCommands() {
 }
 
 void TMainWindow::BuildMenus() {
-    if (FMenus) FMenus->Build();
+    if (!FMenus) return;
+    FMenus->Build();
+    FPreferences->SetCommands(*FCommands);
 }
 
 void TMainWindow::FillUsers(QMenu& Menu) {
