@@ -126,12 +126,13 @@ std::vector<TPreference> Make() {
     for (const TNamedLimit& Limit : NamedLimits())
         All.push_back({.Section = kTradingSection,
                        .Key = Limit.Name,
-                       .CaptionKey = std::string("Res_Limit") + Limit.Name,
+                       .CaptionKey = "Res_Limit" + std::string(Limit.Name),
                        .Page = Trading,
                        .Kind = Amount,
                        .Default = fw::FloatToShortestText(TTradingLimits().*Limit.Field),
                        .Values = {},
                        .HintKey = ""});
+    All.back().HintKey = "Res_PreferenceLimitsHint";
     return All;
 }
 

@@ -43,6 +43,7 @@ void TRenderContext::SetScale(int PerCent) {
     FScale = PerCent;
     Font.setPointSizeF(Points);
     QApplication::setFont(Font);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationFontChange);  // widgets hear of it in the loop only
     OnMetricsChanged();
 }
 

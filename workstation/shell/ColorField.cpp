@@ -22,8 +22,8 @@ constexpr int kLineCharacters = 11;
 
 // What the skin has to offer for a line and for the ground of a row.
 constexpr std::array kLineColors{"coAccent", "coBuy", "coProfit", "coLoss", "coWarning", "coNoData", "coChartText"};
-constexpr std::array kRowColors{"coBase",  "coAlternateBase", "coSelectedRow", "coAtTheMoney",
-                                "coToolTip", "coHeader",      "coButton"};
+constexpr std::array kRowColors{"coBase",    "coAlternateBase", "coSelectedRow", "coAtTheMoney",
+                                "coToolTip", "coHeader",        "coButton"};
 
 QIcon Swatch(const QColor& Color, const QColor& Border, int Side) {
     QPixmap Picture(Side, Side);
@@ -89,8 +89,7 @@ void TColorField::Retranslate() {
 void TColorField::Take() {
     const QString Typed = FLine->text().trimmed().toUpper();
     if (Typed == ToQt(FVisit.Value(FPreference)).toUpper()) return Refuse({});
-    if (!ParseRgb(FromQt(Typed)))
-        return Refuse(FContext.Translate("Res_PreferenceNotColor", {FromQt(FLine->text())}));
+    if (!ParseRgb(FromQt(Typed))) return Refuse(FContext.Translate("Res_PreferenceNotColor", {FromQt(FLine->text())}));
     Refuse({});
     Choose(FromQt(Typed));
 }

@@ -99,8 +99,8 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
     setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
-    FCommands = std::make_unique<TCommands>(
-        *this, FContext, [this](const auto& Id) { return FPreferences->Keys().KeysOf(Id); });
+    FCommands = std::make_unique<TCommands>(*this, FContext,
+                                            [this](const auto& Id) { return FPreferences->Keys().KeysOf(Id); });
     FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext,
                                           [this](fw::TIBaseView& View) { FDocks->Open(View); });
     FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,

@@ -18,7 +18,7 @@ namespace ws {
 namespace {
 
 constexpr int kAmountDecimals = 6;
-constexpr int kAmountCharacters = 16;
+constexpr int kAmountCharacters = 19;
 
 // A wheel that scrolls the page changes nothing on it.
 class TPageCombo : public QComboBox {

@@ -14,17 +14,17 @@ class QVBoxLayout;
 
 namespace ws {
 
-// One preference on a page: its editor, a sentence about it, and below that why what was typed cannot be. What is chosen
-// holds at once. Borrows the visit and the context, which outlive it.
+// One preference on a page: its editor, a sentence about it, and below that why what was typed cannot be. What is
+// chosen holds at once. Borrows the visit and the context, which outlive it.
 class TPreferenceField : public QWidget {
 public:
     TPreferenceField(const TPreference& Preference, TPreferencesVisit& Visit, const TRenderContext& Context,
                      QWidget* Parent);
 
     const TPreference& Preference() const { return FPreference; }
-    virtual QWidget& Editor() = 0;                           // takes the focus and bears the name
-    virtual bool NamesItself() const { return false; }       // needs no label before it
-    virtual void Reload() = 0;                               // shows what holds
+    virtual QWidget& Editor() = 0;                      // takes the focus and bears the name
+    virtual bool NamesItself() const { return false; }  // needs no label before it
+    virtual void Reload() = 0;                          // shows what holds
     virtual void Retranslate();
     QString Refusal() const { return FRefusal->text(); }
 

@@ -34,18 +34,19 @@ TPreferencesDialog::TPreferencesDialog(TConfigService& Config, TCommands& Comman
       FContext(Context),
       FPages(new QListWidget(this)),
       FStack(new QStackedWidget(this)),
-      FShortcuts(new TShortcutPage(FVisit, Commands, Keys, Context, this)),
-      FNote(new QLabel(this)),
-      FUndo(new QPushButton(this)),
-      FCancel(new QPushButton(this)),
-      FClose(new QPushButton(this)) {
+      FNote(new QLabel(this)) {
     setObjectName(QStringLiteral("preferences"));
     for (const TPageName& Each : kPages) {
         FPages->addItem(QString());
         FStack->addWidget(MakePage(Each.Page));
     }
     FPages->addItem(QString());
+    FShortcuts = new TShortcutPage(FVisit, Commands, Keys, Context, FStack);
     FStack->addWidget(FShortcuts);
+    // Last, as the focus walks through them.
+    FUndo = new QPushButton(this);
+    FCancel = new QPushButton(this);
+    FClose = new QPushButton(this);
     FNote->setForegroundRole(QPalette::PlaceholderText);
     FNote->setTextFormat(Qt::PlainText);
     FNote->setWordWrap(true);
@@ -56,6 +57,7 @@ TPreferencesDialog::TPreferencesDialog(TConfigService& Config, TCommands& Comman
     Buttons->addWidget(FClose);
     auto* Middle = new QHBoxLayout;
     Middle->addWidget(FPages);
+    FPages->setSpacing(2);
     Middle->addWidget(FStack, 1);
     auto* Column = new QVBoxLayout(this);
     Column->addLayout(Middle, 1);

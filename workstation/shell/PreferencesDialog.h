@@ -18,8 +18,8 @@ namespace ws {
 // everything as it was before.
 class TPreferencesDialog : public QDialog {
 public:
-    TPreferencesDialog(TConfigService& Config, TCommands& Commands, const TShortcutKeys& Keys,
-                       TRenderContext& Context, QWidget* Parent);
+    TPreferencesDialog(TConfigService& Config, TCommands& Commands, const TShortcutKeys& Keys, TRenderContext& Context,
+                       QWidget* Parent);
 
     // After a change of the configuration, or of the language.
     void Reload();
@@ -52,11 +52,11 @@ private:
     std::vector<TRow> FRows;
     QListWidget* FPages;
     QStackedWidget* FStack;
-    TShortcutPage* FShortcuts;
+    TShortcutPage* FShortcuts = nullptr;
     QLabel* FNote;
-    QPushButton* FUndo;
-    QPushButton* FCancel;
-    QPushButton* FClose;
+    QPushButton* FUndo = nullptr;
+    QPushButton* FCancel = nullptr;
+    QPushButton* FClose = nullptr;
     fw::TConnections FLinks;
 };
 

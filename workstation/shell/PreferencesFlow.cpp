@@ -5,11 +5,12 @@
 
 namespace ws {
 
-TPreferencesFlow::TPreferencesFlow(TWorkstation& Workstation, TRenderContext& Context, QWidget& Window)
+TPreferencesFlow::TPreferencesFlow(TWorkstation& Workstation, TRenderContext& Context, QMainWindow& Window)
     : FWorkstation(Workstation),
       FContext(Context),
       FWindow(Window),
       FKeys(Workstation.Config()),
+      FScales(Window),
       FLanguage(Workstation.Language().GetLanguage()) {
     Workstation.Config().AddConfigUpdateEvent([this](fw::TObject*, fw::TObject*) { Follow(); }, this);
     ShowLook(Workstation, Context);
@@ -29,7 +30,11 @@ void TPreferencesFlow::Follow() {
     const int Language = FWorkstation.Language().GetLanguage();
     const bool Retranslated = std::exchange(FLanguage, Language) != Language;
     if (Retranslated && OnLanguage) OnLanguage();
+    const int Scale = FWorkstation.Config().ReadInteger(kPlatformSection, kPreferenceScale);
+    const bool Scales = Scale != FContext.GetScale();
+    if (Scales) FScales.Leave(FContext.GetScale());
     if (ShowLook(FWorkstation, FContext) && OnLook) OnLook();
+    if (Scales) FScales.Arrive(Scale);
     if (FCommands) FKeys.Follow(*FCommands);
     if (!FDialog) return;
     if (Retranslated) FDialog->Retranslate();

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMainWindow>
 #include <QPointer>
 
 #include "framework/base/Object.h"
 #include "workstation/services/Workstation.h"
 #include "workstation/shell/PreferencesDialog.h"
+#include "workstation/shell/ScaleMemory.h"
 #include "workstation/shell/ShortcutKeys.h"
 
 namespace ws {
@@ -14,7 +16,7 @@ namespace ws {
 // asked for. Opens the preferences. Borrows everything.
 class TPreferencesFlow : public fw::TObject {
 public:
-    TPreferencesFlow(TWorkstation& Workstation, TRenderContext& Context, QWidget& Window);
+    TPreferencesFlow(TWorkstation& Workstation, TRenderContext& Context, QMainWindow& Window);
     ~TPreferencesFlow() override;
 
     // The commands exist now, or others do.
@@ -32,9 +34,10 @@ private:
 
     TWorkstation& FWorkstation;
     TRenderContext& FContext;
-    QWidget& FWindow;
+    QMainWindow& FWindow;
     TCommands* FCommands = nullptr;  // borrowed
     TShortcutKeys FKeys;
+    TScaleMemory FScales;
     int FLanguage;
     QPointer<TPreferencesDialog> FDialog;
 };

@@ -74,6 +74,7 @@ TShortcutPage::TShortcutPage(TPreferencesVisit& Visit, TCommands& Commands, cons
     FTable->horizontalHeader()->setSectionResizeMode(kCommandColumn, QHeaderView::Stretch);
     FTable->horizontalHeader()->setSectionResizeMode(kKeysColumn, QHeaderView::ResizeToContents);
     FTable->horizontalHeader()->setHighlightSections(false);
+    FTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     FTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     FTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     FTable->setSelectionMode(QAbstractItemView::SingleSelection);
