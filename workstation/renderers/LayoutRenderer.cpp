@@ -110,13 +110,16 @@ void TLayoutGroupRenderer::MeasureSplitter() {
     QMetaObject::invokeMethod(
         this,
         [this] {
-            const auto Found = FSizesAt.find(FScale);
-            if (Found != FSizesAt.end() && Found->second.first == size())
-                FSplitter->setSizes(Found->second.second);
-            else if (FShared && !FMoved && FModel)
-                ShareRoom();
+            if (!TakeFormerSizes() && FShared && !FMoved && FModel) ShareRoom();
         },
         Qt::QueuedConnection);
+}
+
+bool TLayoutGroupRenderer::TakeFormerSizes() {
+    const auto Found = FSizesAt.find(FScale);
+    if (Found == FSizesAt.end() || Found->second.first != size()) return false;
+    FSplitter->setSizes(Found->second.second);
+    return true;
 }
 
 void TLayoutGroupRenderer::AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget) {
@@ -127,6 +130,7 @@ void TLayoutGroupRenderer::AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget)
 void TLayoutGroupRenderer::resizeEvent(QResizeEvent* Event) {
     QWidget::resizeEvent(Event);
     if (FSplitter && !FShared && FModel) ShareRoom();
+    if (FSplitter) TakeFormerSizes();
 }
 
 // Preferred sizes first, what is left by stretch; a node with neither gets its size hint.

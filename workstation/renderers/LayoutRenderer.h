@@ -45,6 +45,7 @@ protected:
 private:
     void Measure();
     void MeasureSplitter();
+    bool TakeFormerSizes();
     void AddToSplitter(fw::TLayoutNode& Node, QWidget* Widget);
     void ShareRoom();
 

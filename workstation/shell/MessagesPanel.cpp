@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QLayout>
 
 namespace ws {
 
@@ -25,6 +26,8 @@ TMessagesPanel::TMessagesPanel(TMessageList& List, TRenderContext& Context, QWid
         FTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + FContext.Scaled(6));
         FTable->setColumnWidth(TMessageList::kTime, fontMetrics().averageCharWidth() * 11);
         FTable->setColumnWidth(TMessageList::kLevel, fontMetrics().averageCharWidth() * 17);
+        layout()->invalidate();  // the dock's own title is measured by the font
+        update();
     };
     Measure();
     FLinks += Context.OnMetricsChanged.Connect(Measure);

@@ -25,11 +25,16 @@ void TScaleMemory::Leave(int Scale) {
     FPlaces[Scale] = Places;
 }
 
+// Twice: what the docks share depends on the menu bar, which takes its size along with them.
 void TScaleMemory::Arrive(int Scale) {
-    QTimer::singleShot(0, &FWindow, [this, Scale] {
+    const auto Settle = [this, Scale] {
         const auto Found = FPlaces.find(Scale);
         if (Found != FPlaces.end() && Found->second.Docks == Now().Docks) Restore(Found->second);
         FSettled = Now();
+    };
+    QTimer::singleShot(0, &FWindow, [this, Settle] {
+        Settle();
+        QTimer::singleShot(0, &FWindow, Settle);
     });
 }
 
