@@ -108,7 +108,7 @@ TEST(Skins, TextsAndMarksCanBeRead) {
                  {"coWindowText", {"coWindow", "coHeader", "coBase"}, 4.5},
                  {"coPlaceholderText", And(kRows, {"coWindow", "coAtTheMoney", "coButton"}), 4.5},
                  {"coDisabledText", And(kRows, {"coWindow", "coButton", "coHeader"}), 4.5},
-                 {"coButtonText", {"coButton", "coWindow"}, 4.5},
+                 {"coButtonText", {"coButton", "coWindow", "coHeader"}, 4.5},
                  {"coHeaderText", {"coHeader", "coWindow"}, 4.5},
                  {"coHighlightedText", {"coHighlight"}, 4.5},
                  {"coToolTipText", {"coToolTip"}, 4.5},

@@ -35,23 +35,44 @@ constexpr std::array kScaledMetrics{
     QStyle::PM_LayoutLeftMargin,        QStyle::PM_LayoutTopMargin,          QStyle::PM_LayoutRightMargin,
     QStyle::PM_LayoutBottomMargin};
 
-// Borders and grid lines in the skin's own colours; the base style derives them from the window's, which a dark skin
-// swallows.
+// Borders, grid lines and the grounds of texts in the skin's own colours; the base style derives them from the
+// window's, which a dark skin swallows, and shades buttons until a text on them is hard to read.
 class TSkinStyle : public QProxyStyle {
 public:
     TSkinStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
     void drawPrimitive(PrimitiveElement Element, const QStyleOption* Option, QPainter* Painter,
                        const QWidget* Widget) const override {
+        const bool Button = Element == PE_PanelButtonCommand;
         const bool Bare = Element == PE_FrameLineEdit || Element == PE_Frame;
-        if (!Bare) QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
-        if (Bare || Element == PE_PanelButtonCommand || Element == PE_IndicatorCheckBox)
+        if (Button)
+            Painter->fillRect(Option->rect,
+                              Option->palette.color(Option->state & State_Sunken ? QPalette::Light : QPalette::Button));
+        else if (!Bare)
+            QProxyStyle::drawPrimitive(Element, Option, Painter, Widget);
+        if (Bare || Button || Element == PE_IndicatorCheckBox)
             DrawBorder(Option, Painter, Element != PE_Frame && (Option->state & State_HasFocus));
     }
     void drawComplexControl(ComplexControl Control, const QStyleOptionComplex* Option, QPainter* Painter,
                             const QWidget* Widget) const override {
-        QProxyStyle::drawComplexControl(Control, Option, Painter, Widget);
-        if (Control == CC_ComboBox) DrawBorder(Option, Painter, Option->state & State_HasFocus);
+        const auto* Combo = qstyleoption_cast<const QStyleOptionComboBox*>(Option);
+        if (Control != CC_ComboBox || !Combo || Combo->editable || !Combo->frame)
+            return QProxyStyle::drawComplexControl(Control, Option, Painter, Widget);
+        Painter->fillRect(Option->rect, Option->palette.color(QPalette::Button));
+        QStyleOption Arrow = *Option;
+        const int Side = Option->fontMetrics.ascent();
+        Arrow.rect = QRect(0, 0, Side, Side);
+        Arrow.rect.moveCenter(subControlRect(Control, Option, SC_ComboBoxArrow, Widget).center());
+        QProxyStyle::drawPrimitive(PE_IndicatorArrowDown, &Arrow, Painter, Widget);
+        DrawBorder(Option, Painter, Option->state & State_HasFocus);
+    }
+    void drawControl(ControlElement Element, const QStyleOption* Option, QPainter* Painter,
+                     const QWidget* Widget) const override {
+        if (Element != CE_HeaderSection) return QProxyStyle::drawControl(Element, Option, Painter, Widget);
+        Painter->fillRect(Option->rect, Option->palette.color(QPalette::Light));
+        Painter->setPen(Option->palette.color(QPalette::Mid));
+        Painter->drawLine(Option->rect.bottomLeft(), Option->rect.bottomRight());
+        Painter->drawLine(Option->rect.topRight(), Option->rect.bottomRight());
     }
     int pixelMetric(PixelMetric Metric, const QStyleOption* Option, const QWidget* Widget) const override {
         const int Pixels = QProxyStyle::pixelMetric(Metric, Option, Widget);

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -82,7 +83,8 @@ void TBatchDialog::BuildLayout() {
     Column->addWidget(FView, 1);
     Column->addWidget(FDetails);
     Column->addLayout(Buttons);
-    resize(FContext.Scaled(kSize.width()), FContext.Scaled(kSize.height()));
+    resize(QSize(FContext.Scaled(kSize.width()), FContext.Scaled(kSize.height()))
+               .boundedTo(screen()->availableSize() * 9 / 10));
     setModal(true);
 }
 

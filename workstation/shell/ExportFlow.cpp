@@ -36,9 +36,11 @@ fw::TChart* ChartOf(const TViewDock& Dock) {
     return Frame ? Frame->FindControl<fw::TChart>(kChart) : nullptr;
 }
 
-TRenderContext PaperContext() {
+// The first skin's paper is white; profit and loss, and the size, are as on the screen.
+TRenderContext PaperContext(const TRenderContext& Screen) {
     TRenderContext Paper;
-    Paper.SetSkin(TSkinTable::Embedded().Skins().front());
+    Paper.SetSkin(TSkinTable::Embedded().Skins().front(), Screen.GetProfitPalette());
+    Paper.SetScale(Screen.GetScale());
     return Paper;
 }
 
@@ -82,7 +84,7 @@ void TExportFlow::ExportChart() {
     if (Form == std::end(kPictureEndings))
         return FPlaces.Dialogs.Tell(&FPlaces.Window,
                                     FPlaces.Context.Translate("Res_ExportChartEnding", {FromQt(File)}));
-    TRenderContext Paper = PaperContext();
+    TRenderContext Paper = PaperContext(FPlaces.Context);
     QSaveFile Out(File);
     if (!Out.open(QIODevice::WriteOnly)) return Failed(File, Out.errorString());
     if (!TChartRenderer::Export(*ChartOf(*Dock), Paper, Form->Form, kChartSize, Out) || !Out.commit())
@@ -144,7 +146,7 @@ void TExportFlow::Print() {
     Printer.setDocName(Dock->windowTitle());
     if (!FPlaces.Dialogs.AskPrinter(&FPlaces.Window, Printer)) return;
     if (Dock != FPlaces.Docks.Current()) return;  // closed while the dialogs ran
-    TRenderContext Paper = PaperContext();
+    TRenderContext Paper = PaperContext(FPlaces.Context);
     PrintView(*Dock->Frame(), Dock->windowTitle(), Paper, WithRows, Printer);
     FSay("Res_PrintDone", {FromQt(Dock->windowTitle())});
 }

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -79,7 +80,8 @@ TSheet::TSheet(TCommands& Commands, const TRenderContext& Context, QWidget* Pare
     auto* Box = new QVBoxLayout(this);
     Box->addWidget(FFilter);
     Box->addWidget(FTable, 1);
-    resize(Context.Scaled(kSheetSize.width()), Context.Scaled(kSheetSize.height()));
+    resize(QSize(Context.Scaled(kSheetSize.width()), Context.Scaled(kSheetSize.height()))
+               .boundedTo(screen()->availableSize() * 9 / 10));
     connect(FFilter, &QLineEdit::textChanged, this, [this](const QString& Words) { Filter(Words); });
 }
 
