@@ -3,16 +3,15 @@
 
 #include <map>
 
-#include <QList>
+#include <QByteArray>
 #include <QSize>
 
-class QDockWidget;
 class QMainWindow;
 
 namespace ws {
 
 // A larger scale may make the window grow and its docks share the room anew. Going back brings back what stood there,
-// unless the user has resized the window or opened or closed docks meanwhile.
+// unless the user has resized the window or moved docks meanwhile.
 class TScaleMemory {
 public:
     explicit TScaleMemory(QMainWindow& Window) : FWindow(Window) {}
@@ -23,8 +22,8 @@ public:
 private:
     struct TPlaces {
         QSize Window;
-        QList<QDockWidget*> Docks;
-        QList<int> Widths, Heights;
+        QByteArray Docks;
+        bool operator==(const TPlaces&) const = default;
     };
     TPlaces Now() const;
     void Restore(const TPlaces& Places);
