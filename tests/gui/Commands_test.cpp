@@ -172,8 +172,7 @@ TEST_F(CommandsTest, TheSheetListsEveryCommandWithItsKeysAndFilters) {
 }
 
 TEST_F(CommandsTest, TheUsersOwnKeysReplaceTheShippedOnes) {
-    Workstation->Store().WriteSetting("Shortcuts", "view.messages", "Ctrl+Alt+M");
-    Window->Commands().ReloadKeys();
+    Workstation->Config().WriteString("Shortcuts", "view.messages", "Ctrl+Alt+M");
     const bool Shown = Window->Panel().isVisible();
     Press(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(Window->Panel().isVisible(), Shown);

@@ -18,7 +18,8 @@ enum EColumn { kCommandColumn, kKeysColumn, kColumnCount };
 // Enter has two keys; a command that has the one has the other.
 std::string Portable(const QKeySequence& Keys) {
     QList<QKeySequence> All{Keys};
-    if (Keys[0].key() == Qt::Key_Return) All << QKeySequence(QKeyCombination(Keys[0].keyboardModifiers(), Qt::Key_Enter));
+    if (Keys[0].key() == Qt::Key_Return)
+        All << QKeySequence(QKeyCombination(Keys[0].keyboardModifiers(), Qt::Key_Enter));
     return FromQt(QKeySequence::listToString(All, QKeySequence::PortableText));
 }
 
