@@ -69,7 +69,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     });
     FLinks += FDocks->OnChanged.Connect([this] {
         UpdateHint();
-        if (FDocks->Docks().size() == 1) GiveRoomToViews();
+        if (FDocks->Docks().size() == 1 && !FWorkspaces->IsRestoring()) GiveRoomToViews();
     });
     FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) {
         return FPopups.MakeContent(Popup, Parent);
@@ -95,12 +95,12 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     FHintTimer.start(kHintMs);
     for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
     ApplySkin(Workstation.LookAndFeel().GetSkinName());
-    setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
     FCommands = std::make_unique<TCommands>(
         *this, FContext, [this](const auto& Id) { return FWorkstation.Store().ReadSetting(kShortcutSection, Id); });
-    FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext,
-                                          [this](fw::TIBaseView& View) { FDocks->Open(View); });
+    FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext, [this](fw::TIBaseView& View) {
+        if (FDocks->CanArrange()) FDocks->Open(View);
+    });
     FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,
                                                     [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     FExport = std::make_unique<TExportFlow>(TExportFlow::TPlaces{FContext, *FDialogs, *FDocks, *FClipboard, *this},
@@ -111,6 +111,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     FStrategies =
         std::make_unique<TStrategyFlow>(Workstation, Context, *FDialogs, *FDocks, *FDrafts, *FCommands, *this, SayHere);
     BindCommands();
+    MakeWorkspaces();
     BuildMenus();
 }
 
@@ -118,6 +119,7 @@ TMainWindow::~TMainWindow() {
     FTick.stop();
     FRun.reset();
     FDocks->CloseAll();
+    FWorkspaces.reset();
     FTrading.SetPlaces(nullptr, nullptr);
     FClipboard.reset();
     FStrategies.reset();
@@ -163,6 +165,10 @@ void TMainWindow::OpenStartView() {
     if (TViewDock* Dock = View ? FDocks->Open(*View) : nullptr) FDrafts->RestoreView(*Dock);
 }
 
+void TMainWindow::OpenFirstView() {
+    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+}
+
 TViewDock* TMainWindow::PlayFirstStart() {
     fw::TIBaseView* View = FirstVisibleView();
     TViewDock* Dock = View ? FDocks->Open(*View) : nullptr;
@@ -196,7 +202,9 @@ void TMainWindow::PollRun() {
 }
 
 // The view whose orders wait for their confirmation stays until it is answered.
-void TMainWindow::closeEvent(QCloseEvent* Event) { Event->setAccepted(!FConfirmation.IsOpen()); }
+void TMainWindow::closeEvent(QCloseEvent* Event) {
+    Event->setAccepted(!FConfirmation.IsOpen() && FWorkspaces->Leave());
+}
 
 // The first view gets what the messages do not need; from then on the border is the user's.
 void TMainWindow::GiveRoomToViews() {
@@ -207,7 +215,9 @@ void TMainWindow::GiveRoomToViews() {
 
 void TMainWindow::showEvent(QShowEvent* Event) {
     QMainWindow::showEvent(Event);
-    if (FDocks->Docks().size() == 1) GiveRoomToViews();
+    if (std::exchange(FShown, true)) return;
+    // When the views that open with it stand in it.
+    QTimer::singleShot(0, this, [this] { FWorkstation.Channels().SendData(fw::kChannelMainFormShow, nullptr); });
 }
 
 void TMainWindow::Say(const fw::Text& Key, const std::vector<fw::Text>& Args) {
@@ -225,7 +235,7 @@ void TMainWindow::UpdateHint() {
 void TMainWindow::SetLanguage(int Language) {
     FWorkstation.SetLanguage(Language);
     FDocks->SetLanguage(FWorkstation.Language().GetLanguage());
-    setWindowTitle(FContext.Translate("Res_AppTitle"));
+    setWindowTitle(FWorkspaces->Title());
     FMessages->Retranslate();
     FPanel->Retranslate();
     FStatus->Retranslate();
@@ -252,11 +262,12 @@ bool TMainWindow::SetUser(const std::string& Code) {
         BuildMenus();
         return false;
     }
+    if (!FWorkspaces->Leave()) return false;
     FDocks->CloseAll();
     const bool Known = FWorkstation.SetUser(Code);
     if (Known) fw::TLog::Info("Res_UserNow", {FWorkstation.User().Name.empty() ? Code : FWorkstation.User().Name});
     BuildMenus();
-    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+    if (!FWorkspaces->OpenLast()) OpenFirstView();
     return Known;
 }
 

@@ -24,6 +24,7 @@
 #include "workstation/shell/ViewCatalog.h"
 #include "workstation/shell/ViewCommands.h"
 #include "workstation/shell/ViewDocks.h"
+#include "workstation/shell/WorkspaceFlow.h"
 
 class QMenu;
 
@@ -61,6 +62,7 @@ public:
     TStrategyFlow& Strategies() { return *FStrategies; }
     TCommands& Commands() { return *FCommands; }
     TMainMenus& Menus() { return *FMenus; }
+    TWorkspaceFlow& Workspaces() { return *FWorkspaces; }
 
 protected:
     void showEvent(QShowEvent* Event) override;
@@ -69,9 +71,11 @@ protected:
 private:
     void GiveRoomToViews();
     void BindCommands();
+    void MakeWorkspaces();
     void BuildMenus();
     void FillUsers(QMenu& Menu);
     fw::TIBaseView* FirstVisibleView() const;
+    void OpenFirstView();
     void ShowAbout();
     void ApplySkin(const std::string& Skin);
     void UpdateHint();
@@ -94,6 +98,7 @@ private:
     std::unique_ptr<TMainMenus> FMenus;
     std::unique_ptr<TViewCommands> FViewCommands;
     std::unique_ptr<TExportFlow> FExport;
+    std::unique_ptr<TWorkspaceFlow> FWorkspaces;
     std::unique_ptr<TClipboardFlow> FClipboard;
     std::unique_ptr<TDraftFlow> FDrafts;
     std::unique_ptr<TStrategyFlow> FStrategies;
@@ -102,6 +107,7 @@ private:
     qint64 FRunBegan = 0;
     QTimer FTick, FRunTimer, FHintTimer;
     fw::TConnections FLinks;
+    bool FShown = false;    // the views have been told that the window stands
     bool FPumping = false;  // a round of the services' queue is on its way
 };
 
