@@ -45,6 +45,7 @@ const std::vector<TCommand>& ShippedCommands() {
 
         {"workspace.open", "Res_CommandWorkspaceOpen", "Ctrl+Shift+O", "Res_MenuWorkspace", Window},
         {"workspace.save-as", "Res_CommandWorkspaceSaveAs", "Ctrl+Shift+S", "Res_MenuWorkspace", Window},
+        {"workspace.delete", "Res_CommandWorkspaceDelete", "Ctrl+Shift+D", "Res_MenuWorkspace", Window},
         {"workspace.lock", "Res_CommandWorkspaceLock", "Ctrl+L", "Res_MenuWorkspace", Window},
         {"workspace.reset", "Res_CommandWorkspaceReset", "Ctrl+Shift+R", "Res_MenuWorkspace", Window},
         {"workspace.export", "Res_CommandWorkspaceExport", "Ctrl+Shift+X", "Res_MenuWorkspace", Window},

@@ -2,6 +2,8 @@
 #include "workstation/shell/Dialogs.h"
 
 #include <QFileDialog>
+#include <QInputDialog>
+#include <QListView>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -31,6 +33,32 @@ int TDialogs::Choose(QWidget* Parent, const QString& Question, const QStringList
     Box.setEscapeButton(Cancel);
     Box.exec();
     return static_cast<int>(Buttons.indexOf(static_cast<QPushButton*>(Box.clickedButton())));
+}
+
+void TDialogs::SetUp(QInputDialog& Box, const QString& Question) const {
+    Box.setWindowTitle(FContext.Translate("Res_AppTitle"));
+    Box.setLabelText(Question);
+    Box.setOkButtonText(FContext.Translate("Res_ButtonOk"));
+    Box.setCancelButtonText(FContext.Translate("Res_ButtonCancel"));
+}
+
+int TDialogs::Pick(QWidget* Parent, const QString& Question, const QStringList& Items, int Current) {
+    QInputDialog Box(Parent);
+    SetUp(Box, Question);
+    Box.setOption(QInputDialog::UseListViewForComboBoxItems);
+    Box.setComboBoxItems(Items);
+    auto* List = Box.findChild<QListView*>();
+    if (List) List->setCurrentIndex(List->model()->index(Current, 0));
+    if (Box.exec() != QDialog::Accepted) return -1;
+    return List ? List->currentIndex().row() : static_cast<int>(Items.indexOf(Box.textValue()));
+}
+
+std::optional<QString> TDialogs::AskText(QWidget* Parent, const QString& Question, const QString& Proposed) {
+    QInputDialog Box(Parent);
+    SetUp(Box, Question);
+    Box.setTextValue(Proposed);
+    if (Box.exec() != QDialog::Accepted) return std::nullopt;
+    return Box.textValue();
 }
 
 QString TDialogs::AskFile(QWidget* Parent, const QString& Title, const QString& Filter) {

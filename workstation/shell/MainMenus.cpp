@@ -75,6 +75,7 @@ constexpr TLine kLines[] = {
     {kWorkspace, kWorkspaces, "@workspaces"},
     {kWorkspace, "", "workspace.open"},
     {kWorkspace, "", "workspace.save-as"},
+    {kWorkspace, "", "workspace.delete"},
     {kWorkspace, "", "workspace.lock"},
     {kWorkspace, "", "workspace.reset"},
     {kWorkspace, "", "-"},

@@ -72,7 +72,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     });
     FLinks += FDocks->OnChanged.Connect([this] {
         UpdateHint();
-        if (FDocks->Docks().size() == 1) GiveRoomToViews();
+        if (FDocks->Docks().size() == 1 && !FWorkspaces->IsRestoring()) GiveRoomToViews();
     });
     FContext.MakePopupContent = [this](fw::TPopupControl& Popup, QWidget* Parent) {
         return FPopups.MakeContent(Popup, Parent);
@@ -97,12 +97,12 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     connect(&FHintTimer, &QTimer::timeout, this, [this] { UpdateHint(); });
     FHintTimer.start(kHintMs);
     for (const TStoreNotice& Notice : Workstation.Notices()) LogNotice(Notice);
-    setWindowTitle(Context.Translate("Res_AppTitle"));
     setWindowIcon(PlainIcon(QStringLiteral("workstation")));
     FCommands = std::make_unique<TCommands>(*this, FContext,
                                             [this](const auto& Id) { return FPreferences->Keys().KeysOf(Id); });
-    FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext,
-                                          [this](fw::TIBaseView& View) { FDocks->Open(View); });
+    FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext, [this](fw::TIBaseView& View) {
+        if (FDocks->CanArrange()) FDocks->Open(View);
+    });
     FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,
                                                     [this](const auto& Key, const auto& Args) { Say(Key, Args); });
     FExport = std::make_unique<TExportFlow>(TExportFlow::TPlaces{FContext, *FDialogs, *FDocks, *FClipboard, *this},
@@ -113,6 +113,7 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     FStrategies =
         std::make_unique<TStrategyFlow>(Workstation, Context, *FDialogs, *FDocks, *FDrafts, *FCommands, *this, SayHere);
     BindCommands();
+    MakeWorkspaces();
     BuildMenus();
 }
 
@@ -121,6 +122,7 @@ TMainWindow::~TMainWindow() {
     FPreferences->OnLanguage = FPreferences->OnLook = nullptr;
     FRun.reset();
     FDocks->CloseAll();
+    FWorkspaces.reset();
     FTrading.SetPlaces(nullptr, nullptr);
     FClipboard.reset();
     FStrategies.reset();
@@ -166,6 +168,10 @@ void TMainWindow::OpenStartView() {
     if (TViewDock* Dock = View ? FDocks->Open(*View) : nullptr) FDrafts->RestoreView(*Dock);
 }
 
+void TMainWindow::OpenFirstView() {
+    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+}
+
 TViewDock* TMainWindow::PlayFirstStart() {
     fw::TIBaseView* View = FirstVisibleView();
     TViewDock* Dock = View ? FDocks->Open(*View) : nullptr;
@@ -199,7 +205,9 @@ void TMainWindow::PollRun() {
 }
 
 // The view whose orders wait for their confirmation stays until it is answered.
-void TMainWindow::closeEvent(QCloseEvent* Event) { Event->setAccepted(!FConfirmation.IsOpen()); }
+void TMainWindow::closeEvent(QCloseEvent* Event) {
+    Event->setAccepted(!FConfirmation.IsOpen() && FWorkspaces->Leave());
+}
 
 // The first view gets what the messages do not need; from then on the border is the user's.
 void TMainWindow::GiveRoomToViews() {
@@ -210,7 +218,9 @@ void TMainWindow::GiveRoomToViews() {
 
 void TMainWindow::showEvent(QShowEvent* Event) {
     QMainWindow::showEvent(Event);
-    if (FDocks->Docks().size() == 1) GiveRoomToViews();
+    if (std::exchange(FShown, true)) return;
+    // When the views that open with it stand in it.
+    QTimer::singleShot(0, this, [this] { FWorkstation.Channels().SendData(fw::kChannelMainFormShow, nullptr); });
 }
 
 void TMainWindow::Say(const fw::Text& Key, const std::vector<fw::Text>& Args) {
@@ -244,7 +254,7 @@ void TMainWindow::Remember(const std::function<void()>& Choice) {
 
 void TMainWindow::Retranslate() {
     FDocks->SetLanguage(FWorkstation.Language().GetLanguage());
-    setWindowTitle(FContext.Translate("Res_AppTitle"));
+    setWindowTitle(FWorkspaces->Title());
     FMessages->Retranslate();
     FPanel->Retranslate();
     FStatus->Retranslate();
@@ -260,11 +270,12 @@ bool TMainWindow::SetUser(const std::string& Code) {
         BuildMenus();
         return false;
     }
+    if (!FWorkspaces->Leave()) return false;
     FDocks->CloseAll();
     const bool Known = FWorkstation.SetUser(Code);
     if (Known) fw::TLog::Info("Res_UserNow", {FWorkstation.User().Name.empty() ? Code : FWorkstation.User().Name});
     BuildMenus();
-    if (fw::TIBaseView* View = FirstVisibleView()) FDocks->Open(*View);
+    if (!FWorkspaces->OpenLast()) OpenFirstView();
     return Known;
 }
 

@@ -25,6 +25,7 @@
 #include "workstation/shell/ViewCatalog.h"
 #include "workstation/shell/ViewCommands.h"
 #include "workstation/shell/ViewDocks.h"
+#include "workstation/shell/WorkspaceFlow.h"
 
 class QMenu;
 
@@ -63,6 +64,7 @@ public:
     TCommands& Commands() { return *FCommands; }
     TPreferencesFlow& Preferences() { return *FPreferences; }
     TMainMenus& Menus() { return *FMenus; }
+    TWorkspaceFlow& Workspaces() { return *FWorkspaces; }
 
 protected:
     void showEvent(QShowEvent* Event) override;
@@ -71,9 +73,11 @@ protected:
 private:
     void GiveRoomToViews();
     void BindCommands();
+    void MakeWorkspaces();
     void BuildMenus();
     void FillUsers(QMenu& Menu);
     fw::TIBaseView* FirstVisibleView() const;
+    void OpenFirstView();
     void ShowAbout();
     void Retranslate();
     void Remember(const std::function<void()>& Choice);
@@ -98,6 +102,7 @@ private:
     std::unique_ptr<TMainMenus> FMenus;
     std::unique_ptr<TViewCommands> FViewCommands;
     std::unique_ptr<TExportFlow> FExport;
+    std::unique_ptr<TWorkspaceFlow> FWorkspaces;
     std::unique_ptr<TClipboardFlow> FClipboard;
     std::unique_ptr<TDraftFlow> FDrafts;
     std::unique_ptr<TStrategyFlow> FStrategies;
@@ -106,6 +111,7 @@ private:
     qint64 FRunBegan = 0;
     QTimer FTick, FRunTimer, FHintTimer;
     fw::TConnections FLinks;
+    bool FShown = false;    // the views have been told that the window stands
     bool FPumping = false;  // a round of the services' queue is on its way
 };
 

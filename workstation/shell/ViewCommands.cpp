@@ -51,7 +51,11 @@ TViewCommands::TViewCommands(TCommands& Commands, TViewDocks& Docks, TSay Say)
     for (const TCaptionCommand& Each : kCaptionButtons) BindCaptionButton(Each.Id, Each.Icons[0], Each.Icons[1]);
     const auto Any = [this] { return FDocks.Current() != nullptr; };
     FCommands.Bind(
-        "view.float", [this] { FDocks.Current()->TitleBar().FloatButton().click(); }, Any);
+        "view.float",
+        [this] {
+            if (FDocks.CanArrange()) FDocks.Current()->TitleBar().FloatButton().click();
+        },
+        Any);
     FCommands.Bind(
         "view.close", [this] { FDocks.Current()->close(); }, Any);
     FCommands.Bind(

@@ -75,6 +75,7 @@ TViewDock* TViewDocks::Open(fw::TIBaseView& View, std::string Key) {
 
 // Not from inside a loop within the loop either: a message box that a handler of the instance shows runs one.
 void TViewDocks::CloseLater(TViewDock& Dock) {
+    if (!CanArrange()) return;
     QTimer::singleShot(0, FGuard.get(), [this, Wanted = &Dock] {
         if (std::find(FDocks.begin(), FDocks.end(), Wanted) == FDocks.end()) return;
         const bool Held = IsHeld && IsHeld();

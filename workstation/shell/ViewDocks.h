@@ -24,7 +24,8 @@ public:
     // user, and nothing is left behind; null then. Key: of the instance; empty: the first number that is free.
     TViewDock* Open(fw::TIBaseView& View, std::string Key = {});
     void CloseLater(TViewDock& Dock);  // when control is back in the loop and nothing holds the views
-    void CloseAll();                   // at once; for the end of the program
+    bool CanArrange() const { return !MayArrange || MayArrange(); }
+    void CloseAll();  // at once; for the end of the program
 
     const std::vector<TViewDock*>& Docks() const { return FDocks; }
     TViewDock* DockOf(const fw::TFrame& Frame) const;
@@ -36,8 +37,9 @@ public:
 
     void SetLanguage(int Language);
 
-    std::function<bool()> IsHeld;  // true while no view may close; may be left out
-    fw::TSignal<> OnChanged;       // opened or closed
+    std::function<bool()> IsHeld;      // true while no view may close; may be left out
+    std::function<bool()> MayArrange;  // false, having said why, while the user moves none; may be left out
+    fw::TSignal<> OnChanged;           // opened or closed
     fw::TSignal<TViewDock&> OnOpened;
     fw::TSignal<fw::TFrame&> OnFrameGoes;  // before an instance is destroyed
 

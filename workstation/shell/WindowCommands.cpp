@@ -39,6 +39,32 @@ void TMainWindow::BindCommands() {
     FMenus->Fill("users", [this](QMenu& Menu) { FillUsers(Menu); });
 }
 
+void TMainWindow::MakeWorkspaces() {
+    TWorkspaceFlow::THost Host;
+    Host.Folder = WorkspacesBeside(FWorkstation.Store());
+    Host.OpenStart = [this] { OpenFirstView(); };
+    Host.Say = [this](const auto& Key, const auto& Args) { Say(Key, Args); };
+    FWorkspaces =
+        std::make_unique<TWorkspaceFlow>(FWorkstation, FContext, *FDialogs, *this, *FDocks, FCatalog, std::move(Host));
+    FWorkspaces->Bind(*FCommands, *FMenus);
+    FLinks += FWorkspaces->OnChanged.Connect([this] {
+        setWindowTitle(FWorkspaces->Title());
+        BuildMenus();
+    });
+    // Two users may call a workspace alike.
+    const auto Journals = [this](const std::string& Name) { return FWorkstation.User().Code + '/' + Name; };
+    FLinks += FWorkspaces->OnSwitched.Connect(
+        [this, Journals](const std::string& Name) { FDrafts->SetWorkspace(Journals(Name)); });
+    FLinks += FWorkspaces->OnCopied.Connect([this, Journals](const std::string& From, const std::string& To) {
+        FDrafts->CopyJournals(Journals(From), Journals(To));
+        FDrafts->SetWorkspace(Journals(To));
+    });
+    FLinks += FWorkspaces->OnRemoved.Connect(
+        [this, Journals](const std::string& Name) { FDrafts->RemoveJournals(Journals(Name)); });
+    FLinks += FWorkspaces->OnViewRestored.Connect([this](TViewDock& Dock) { FDrafts->RestoreView(Dock); });
+    setWindowTitle(FWorkspaces->Title());
+}
+
 void TMainWindow::BuildMenus() {
     if (!FMenus) return;
     FMenus->Build();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <cstdio>
 #include <iostream>
+#include <optional>
 
 #include <QEventLoop>
 #include <QTimer>
@@ -17,6 +18,7 @@
 #include "workstation/shell/Picture.h"
 #include "workstation/shell/SkinPalette.h"
 #include "workstation/shell/StartUp.h"
+#include "workstation/store/StoreLock.h"
 
 namespace {
 
@@ -51,7 +53,7 @@ int RunWindow(TWorkstation& Workstation, TRenderContext& Context) {
     LoadPackages();
     Window.ReloadViews();
     Window.show();
-    Window.OpenStartView();
+    if (!Window.Workspaces().OpenLast()) Window.OpenStartView();
     return QApplication::exec();
 }
 
@@ -127,6 +129,8 @@ int RunOnViews(TWorkstation& Workstation, TRenderContext& Context, const TComman
 
 int Run(const TCommandLine& Line) {
     if (IsOfPictures(Line.Mode)) FixPictureClock();
+    std::optional<TStoreLock> Lock;
+    if (Line.Mode == ERunMode::Window) Lock.emplace(DefaultStorePath());
     TWorkstation Workstation(OptionsOf(Line));
     ApplyChoices(Workstation, Line);
     if (Line.Mode == ERunMode::Import) return RunImport(Workstation, Line, std::cout, std::cerr);
@@ -136,6 +140,19 @@ int Run(const TCommandLine& Line) {
     if (Line.Mode == ERunMode::Pictures) return RunPictures(Workstation, Context, Line);
     if (Line.Mode == ERunMode::Picture && Line.View.empty()) return RunPicture(Workstation, Context, Line);
     return RunOnViews(Workstation, Context, Line);
+}
+
+int RunOrTell(const TCommandLine& Line) {
+    try {
+        return Run(Line);
+    } catch (const EStoreError& Error) {
+        TellStartFailure(Error.Key(), Error.Args(), Line);
+    } catch (const EMarketRefusal& Refusal) {
+        TellStartFailure(Refusal.Reason().Key, Refusal.Reason().Args, Line);
+    } catch (const std::exception& Error) {
+        TellStartFailure("Res_StartFailed", {Error.what()}, Line);
+    }
+    return kExitFailed;
 }
 
 }  // namespace
@@ -154,16 +171,7 @@ int main(int ArgumentCount, char** Arguments) {
     if (Line.Mode == ERunMode::Help) return std::cout << StartUpText("Res_UsageHelp", {Program}) << '\n', kExitDone;
     if (Line.Mode == ERunMode::Version) return std::cout << VENTIQ_VERSION << '\n', kExitDone;
     if (Line.Mode != ERunMode::Window) qputenv("QT_QPA_PLATFORM", "offscreen");
-    try {
-        if (Line.Mode == ERunMode::Import) return Run(Line);
-        TApplication Application(ArgumentCount, Arguments);
-        return Run(Line);
-    } catch (const EStoreError& Error) {
-        TellStartFailure(Error.Key(), Error.Args(), Line);
-    } catch (const EMarketRefusal& Refusal) {
-        TellStartFailure(Refusal.Reason().Key, Refusal.Reason().Args, Line);
-    } catch (const std::exception& Error) {
-        TellStartFailure("Res_StartFailed", {Error.what()}, Line);
-    }
-    return kExitFailed;
+    if (Line.Mode == ERunMode::Import) return RunOrTell(Line);
+    TApplication Application(ArgumentCount, Arguments);  // outlives the box that tells why nothing starts
+    return RunOrTell(Line);
 }

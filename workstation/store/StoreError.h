@@ -34,6 +34,7 @@ private:
 };
 
 inline constexpr char kStoreLocked[] = "Res_StoreLocked";          // another program holds the file
+inline constexpr char kStoreInUse[] = "Res_StoreInUse";            // another workstation has it open
 inline constexpr char kStoreReadOnly[] = "Res_StoreReadOnly";      // file or folder cannot be written
 inline constexpr char kStoreNewer[] = "Res_StoreNewer";            // %2 its schema, %3 ours
 inline constexpr char kStoreForeign[] = "Res_StoreForeign";        // a database, but not a store
