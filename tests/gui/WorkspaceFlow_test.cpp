@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QMenu>
 
+#include "framework/controls/SpinEdit.h"
 #include "tests/gui/WorkspaceTest.h"
 
 namespace gui {
@@ -248,6 +249,26 @@ TEST_F(WorkspaceFlowTest, OrdersThatWaitForTheirConfirmationHoldTheViews) {
     Held = false;
     Flow().Switch("b");
     EXPECT_EQ(Flow().Name(), "b");
+}
+
+// What the layout text does not hold comes back from the journal of that workspace and user.
+TEST_F(WorkspaceFlowTest, TheRangeThatWasTypedGoesWithItsWorkspace) {
+    const auto Down = [this] { return Dock("620-1").Frame()->FindControl<fw::TSpinEdit>("edtDown")->GetValue(); };
+    const auto Becomes = [&](double Value) {
+        return QTest::qWaitFor([&] { return Down().AsFloat() == Value; }, 12000);
+    };
+    Start();
+    Dock("620-1").Frame()->FindControl<fw::TSpinEdit>("edtDown")->SetValue(12345.0);
+    Flow().Switch("other");
+    EXPECT_NE(Down().AsFloat(), 12345.0);
+    Dock("620-1").Frame()->FindControl<fw::TSpinEdit>("edtDown")->SetValue(23456.0);
+    Flow().Switch("default");
+    EXPECT_TRUE(Becomes(12345));
+    Flow().SaveAs("copy");
+    Restart();
+    EXPECT_TRUE(Becomes(12345));
+    EXPECT_TRUE(Window->SetUser("fixed"));
+    EXPECT_NE(Down().AsFloat(), 12345.0);
 }
 
 // --- lock
