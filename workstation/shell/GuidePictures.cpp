@@ -14,12 +14,15 @@
 #include "workstation/renderers/GridRenderer.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/script/Player.h"
+#include "workstation/shell/StrategyDialog.h"
+#include "workstation/views/TradingViews.h"
 
 namespace ws {
 
 namespace {
 
 constexpr int kSettleMs = 400;
+constexpr int kMarketMs = 2500;
 constexpr int kPatienceMs = 12'000;
 constexpr int kStepMs = 50;
 constexpr char kGrid[] = "PositionGridView";
@@ -33,6 +36,7 @@ public:
     TViewDock& Dock() { return *FWindow.Docks().Current(); }
     fw::TFrame& Frame() { return *Dock().Frame(); }
     void Settle() { FWait(kSettleMs); }
+    void WaitMarket() { FWait(kMarketMs); }  // for quotes and fills
     bool WaitFor(const std::function<bool()>& Ready) {
         for (int Waited = 0; Waited < kPatienceMs && !Ready(); Waited += kStepMs) FWait(kStepMs);
         return Ready();
@@ -58,13 +62,14 @@ public:
             Painter.drawRect(QRect(At, Each->size()).adjusted(-1, -1, 0, 0));
         }
     }
-    // For what runs a loop of its own: the picture is taken in it, then it is closed.
-    void ShootDuring(const std::function<void()>& Run) {
+    // A dialog, whether it runs a loop of its own or not: the picture is taken while it is open, then it is closed.
+    void ShootDialog(const char* Command) {
         QTimer::singleShot(2 * kSettleMs, &FWindow, [this] {
             Shoot();
             if (QWidget* Modal = QApplication::activeModalWidget()) Modal->close();
         });
-        Run();
+        FWindow.Commands().Run(Command);
+        FWait(3 * kSettleMs);
     }
     void CloseDialogs() {
         for (QWidget* Each : QApplication::topLevelWidgets())
@@ -91,6 +96,57 @@ void PointAtChart(TStage& Stage) {
     Stage.Frame()
         .FindControl<fw::TChart>("DataChart")
         ->MouseMove(Area.left() + Area.width() * 2 / 3, Area.center().y());
+}
+
+// Orders of the strategy are sent, so that there is something to see.
+void ShootTrading(TStage& Stage) {
+    TViewDock* Payoff = &Stage.Dock();
+    QTimer::singleShot(kSettleMs, &Stage.Window(), [] {
+        if (auto* Modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) Modal->accept();
+    });
+    Stage.Window().Commands().Run("view.submit");
+    Stage.Settle();
+    std::vector<TViewDock*> Opened;
+    for (const auto& View : Stage.Window().Catalog().Views())
+        if (dynamic_cast<TTradingView*>(View.get())) Opened.push_back(Stage.Window().Docks().Open(*View));
+    if (Opened.size() == 2) Stage.Window().splitDockWidget(Opened[0], Opened[1], Qt::Vertical);
+    Stage.WaitMarket();
+    Stage.Shoot();
+    for (TViewDock* Each : Opened) Stage.Window().Docks().CloseLater(*Each);
+    Stage.Settle();
+    Stage.Window().Docks().Use(*Payoff);
+}
+
+void ShootStrategies(TStage& Stage) {
+    struct TKept {
+        const char *Name, *Note;
+    };
+    for (const TKept& Each : {TKept{"Iron condor December", "Quiet market; close at half of the premium"},
+                              TKept{"Hedge of account A100", "Puts below 25,000"}}) {
+        Stage.Window().Commands().Run("strategy.save");
+        TStrategyDialog* Dialog = Stage.Window().Strategies().Dialog();
+        if (!Dialog) return;
+        Dialog->Line().setText(QLatin1String(Each.Name));
+        Dialog->Note().setText(QLatin1String(Each.Note));
+        Dialog->TakeButton().click();
+        Stage.Settle();
+    }
+    Stage.ShootDialog("strategy.open");
+}
+
+void ShootGroups(TStage& Stage) {
+    TViewDock* First = &Stage.Dock();
+    TViewDock* Second = Stage.Window().Docks().Open(First->View());
+    if (!Second) return;
+    Stage.Window().splitDockWidget(First, Second, Qt::Horizontal);
+    First->SetGroup(LinkGroupId(2));
+    Second->SetGroup(LinkGroupId(2));
+    Stage.Settle();
+    Stage.Shoot();
+    Stage.Window().Docks().CloseLater(*Second);
+    Stage.Settle();
+    First->SetGroup(LinkGroupId(0));
+    Stage.Window().Docks().Use(*First);
 }
 
 constexpr TScene kScenes[] = {
@@ -126,14 +182,12 @@ constexpr TScene kScenes[] = {
          Stage.Settle();
          Stage.Shoot();
      }},
-    {"confirm", [](TStage& Stage) { Stage.ShootDuring([&] { Stage.Window().Commands().Run("view.submit"); }); }},
-    {"shortcuts",
-     [](TStage& Stage) {
-         Stage.Window().Commands().Run("help.shortcuts");
-         Stage.Settle();
-         Stage.Shoot();
-         Stage.CloseDialogs();
-     }},
+    {"confirm", [](TStage& Stage) { Stage.ShootDialog("view.submit"); }},
+    {"trading", ShootTrading},
+    {"strategies", ShootStrategies},
+    {"groups", ShootGroups},
+    {"shortcuts", [](TStage& Stage) { Stage.ShootDialog("help.shortcuts"); }},
+    {"preferences", [](TStage& Stage) { Stage.ShootDialog("file.preferences"); }},
     {"dark",
      [](TStage& Stage) {
          Stage.Window().SetLanguage(kLanguageTraditional);

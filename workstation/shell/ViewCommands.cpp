@@ -57,6 +57,9 @@ TViewCommands::TViewCommands(TCommands& Commands, TViewDocks& Docks, TSay Say)
         },
         Any);
     FCommands.Bind(
+        "view.group", [this] { FDocks.Current()->TitleBar().GroupButton().click(); },
+        [this] { return FDocks.Current() && !FDocks.Current()->TitleBar().GroupButton().isHidden(); });
+    FCommands.Bind(
         "view.close", [this] { FDocks.Current()->close(); }, Any);
     FCommands.Bind(
         "view.next", [this] { Walk(1); }, Any);
