@@ -5,6 +5,7 @@
 #include <map>
 
 #include <QGuiApplication>
+#include <QLayout>
 #include <QMainWindow>
 #include <QResizeEvent>
 #include <QScreen>
@@ -161,7 +162,9 @@ void TWorkspaceDesk::Arrange(const TWindowEntry& Window) {
     const QByteArray Arrangement = QByteArray::fromBase64(QByteArray::fromStdString(Window.Arrangement));
     if (!FWindow.restoreState(Arrangement)) {
         ArrangeByEntries();
-        Place();  // views that stood side by side for a moment may have widened it
+        // Views that stood side by side for a moment may have widened it.
+        FWindow.layout()->activate();
+        Place();
     } else if (Window.Maximized) {
         new TAtNextSize(FWindow, [this, Arrangement] { FWindow.restoreState(Arrangement); });
     }
