@@ -52,6 +52,28 @@ TEST_F(WorkspaceFlowTest, AChangeIsSavedByItselfAfterFiveSeconds) {
     EXPECT_EQ(Keys(), (TKeys{"620-1", "701-1"}));
 }
 
+TEST_F(WorkspaceFlowTest, AWorkspaceThatEndedTheProgramIsAskedAboutBeforeItIsOpenedAgain) {
+    Start();
+    Open(kOrders);
+    Restart();
+    EXPECT_EQ(Workstation->Store().ReadSetting("Workspace", "Opening"), "trader");
+    const std::string Whole = Text(FileOf());
+    Kill();  // before the views had settled
+    struct TRefusing : TFakeDialogs {
+        explicit TRefusing(const ws::TRenderContext& Context) : TFakeDialogs(Context) { Yes = false; }
+    };
+    StartWith(std::make_unique<TRefusing>(Context));
+    ASSERT_EQ(Dialogs->Asked.size(), 1u);
+    EXPECT_NE(Dialogs->Asked[0].find("last start"), fw::Text::npos);
+    EXPECT_EQ(Keys(), (TKeys{"620-1"}));
+    Change();
+    End();
+    EXPECT_EQ(Text(FileOf()), Whole) << "left as it was";
+    Start();
+    EXPECT_TRUE(Dialogs->Asked.empty());
+    EXPECT_EQ(Keys(), (TKeys{"620-1", "701-1"}));
+}
+
 TEST_F(WorkspaceFlowTest, AChangeInsideAViewIsOneToo) {
     Start();
     ASSERT_TRUE(Flow().Leave());

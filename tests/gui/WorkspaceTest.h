@@ -49,9 +49,9 @@ protected:
     }
 
     // As the program starts and ends; Kill ends it without a word.
-    void Start() {
+    void Start() { StartWith(std::make_unique<TFakeDialogs>(Context)); }
+    void StartWith(std::unique_ptr<TFakeDialogs> Given) {
         Workstation = std::make_unique<ws::TWorkstation>(OptionsFor(Top / "store.db"));
-        auto Given = std::make_unique<TFakeDialogs>(Context);
         Dialogs = Given.get();
         Window = std::make_unique<ws::TMainWindow>(*Workstation, Context, std::move(Given));
         EXPECT_TRUE(ws::LoadPackage(TEST_PACKAGE));

@@ -35,7 +35,11 @@ public:
     TMainWindow& Window() { return FWindow; }
     TViewDock& Dock() { return *FWindow.Docks().Current(); }
     fw::TFrame& Frame() { return *Dock().Frame(); }
-    void Settle() { FWait(kSettleMs); }
+    // What is to be deleted goes, too: no loop runs around the scenes, in which it would.
+    void Settle() {
+        FWait(kSettleMs);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
     void WaitMarket() { FWait(kMarketMs); }  // for quotes and fills
     bool WaitFor(const std::function<bool()>& Ready) {
         for (int Waited = 0; Waited < kPatienceMs && !Ready(); Waited += kStepMs) FWait(kStepMs);
@@ -47,6 +51,13 @@ public:
         for (QWidget* Each : Dock().findChildren<QWidget*>())
             if (T* Found = dynamic_cast<T*>(Each)) return Found;
         return nullptr;
+    }
+
+    // Out of the tabs, beside the other.
+    void Split(TViewDock& First, TViewDock& Second, Qt::Orientation Way) {
+        FWindow.removeDockWidget(&Second);
+        FWindow.splitDockWidget(&First, &Second, Way);
+        Second.show();
     }
 
     // The window, and what stands over it: dialogs, popups, menus.
@@ -109,10 +120,12 @@ void ShootTrading(TStage& Stage) {
     std::vector<TViewDock*> Opened;
     for (const auto& View : Stage.Window().Catalog().Views())
         if (dynamic_cast<TTradingView*>(View.get())) Opened.push_back(Stage.Window().Docks().Open(*View));
-    if (Opened.size() == 2) Stage.Window().splitDockWidget(Opened[0], Opened[1], Qt::Vertical);
+    for (size_t i = 0; i < Opened.size(); ++i) Stage.Split(i == 0 ? *Payoff : *Opened[i - 1], *Opened[i], Qt::Vertical);
+    Payoff->hide();
     Stage.WaitMarket();
     Stage.Shoot();
     for (TViewDock* Each : Opened) Stage.Window().Docks().CloseLater(*Each);
+    Payoff->show();
     Stage.Settle();
     Stage.Window().Docks().Use(*Payoff);
 }
@@ -126,7 +139,8 @@ void ShootStrategies(TStage& Stage) {
         Stage.Window().Commands().Run("strategy.save");
         TStrategyDialog* Dialog = Stage.Window().Strategies().Dialog();
         if (!Dialog) return;
-        Dialog->Line().setText(QLatin1String(Each.Name));
+        Dialog->Line().selectAll();
+        Dialog->Line().insert(QLatin1String(Each.Name));
         Dialog->Note().setText(QLatin1String(Each.Note));
         Dialog->TakeButton().click();
         Stage.Settle();
@@ -138,7 +152,7 @@ void ShootGroups(TStage& Stage) {
     TViewDock* First = &Stage.Dock();
     TViewDock* Second = Stage.Window().Docks().Open(First->View());
     if (!Second) return;
-    Stage.Window().splitDockWidget(First, Second, Qt::Horizontal);
+    Stage.Split(*First, *Second, Qt::Horizontal);
     First->SetGroup(LinkGroupId(2));
     Second->SetGroup(LinkGroupId(2));
     Stage.Settle();
@@ -181,6 +195,7 @@ constexpr TScene kScenes[] = {
          PointAtChart(Stage);
          Stage.Settle();
          Stage.Shoot();
+         Stage.Frame().FindControl<fw::TChart>("DataChart")->MouseLeave();
      }},
     {"confirm", [](TStage& Stage) { Stage.ShootDialog("view.submit"); }},
     {"trading", ShootTrading},

@@ -17,9 +17,11 @@ namespace ws {
 namespace {
 
 constexpr char kSection[] = "Workspace";  // of the settings: user code -> name
+constexpr char kOpening[] = "Opening";    // in the same section: the user whose workspace is being opened
 constexpr char kFolder[] = "workspaces";
 constexpr char kInMemory[] = ":memory:";
 constexpr int kPollMs = 1000;
+constexpr int kSettledMs = 5000;  // the views stand, and their drafts are back
 
 }  // namespace
 
@@ -72,6 +74,7 @@ bool TWorkspaceFlow::Save() {
 }
 
 bool TWorkspaceFlow::Leave() {
+    EndOpening();
     return Save() || FDialogs.Ask(&FWindow, FContext.Translate("Res_WorkspaceAskUnsaved", {FromQt(Shown(FName))}));
 }
 
@@ -92,21 +95,49 @@ std::string TWorkspaceFlow::LastName() const {
 }
 
 void TWorkspaceFlow::Remember() const {
-    if (!FFolder.Keeps()) return;
-    try {
-        FWorkstation.Store().WriteSetting(kSection, FWorkstation.User().Code, FName);
-    } catch (const EStoreError& Error) {
-        fw::TLog::Error(Error.Key(), Error.Args());
-    }
+    if (FFolder.Keeps())
+        InStore([this] { FWorkstation.Store().WriteSetting(kSection, FWorkstation.User().Code, FName); });
 }
 
 bool TWorkspaceFlow::OpenLast() {
     Begin();
     FDesk.Clear();
     OnSwitched(FName);
-    const bool Found = Restore(FFolder.Load(FName));
+    bool Found = true;
+    if (MayOpenAgain())
+        Found = Restore(FFolder.Load(FName));
+    else if (FHost.OpenStart)
+        FHost.OpenStart();
     OnChanged();
     return Found;
+}
+
+// A view that ended the program while it was opened would do so at every start.
+bool TWorkspaceFlow::MayOpenAgain() {
+    if (!FFolder.Keeps() || FWorkstation.Store().ReadSetting(kSection, kOpening) != FWorkstation.User().Code) {
+        if (FFolder.Keeps() && FFolder.Has(FName)) MarkOpening();
+        return true;
+    }
+    FReadOnly = !FDialogs.Ask(&FWindow, FContext.Translate("Res_WorkspaceAskAgain", {FromQt(Shown(FName))}));
+    if (FReadOnly) EndOpening();
+    return !FReadOnly;
+}
+
+void TWorkspaceFlow::MarkOpening() {
+    InStore([this] { FWorkstation.Store().WriteSetting(kSection, kOpening, FWorkstation.User().Code); });
+    QTimer::singleShot(kSettledMs, &FTimer, [this] { EndOpening(); });
+}
+
+void TWorkspaceFlow::EndOpening() {
+    if (FFolder.Keeps()) InStore([this] { FWorkstation.Store().RemoveSetting(kSection, kOpening); });
+}
+
+void TWorkspaceFlow::InStore(const std::function<void()>& Body) {
+    try {
+        Body();
+    } catch (const EStoreError& Error) {
+        fw::TLog::Error(Error.Key(), Error.Args());
+    }
 }
 
 // The views of the former name are still open, and saved.

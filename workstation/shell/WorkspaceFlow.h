@@ -79,6 +79,10 @@ private:
     void Refuse(const fw::TRefusal& Reason) const;
     std::string LastName() const;
     void Remember() const;
+    bool MayOpenAgain();
+    void MarkOpening();
+    void EndOpening();
+    static void InStore(const std::function<void()>& Body);  // what the store refuses is said
     std::optional<std::string> AskName(const QString& Question, const std::string& Proposed);
     void AskOpen();
     void AskSaveAs();
