@@ -68,6 +68,7 @@ public:
     }
     void drawControl(ControlElement Element, const QStyleOption* Option, QPainter* Painter,
                      const QWidget* Widget) const override {
+        if (Element == CE_TabBarTabShape) return DrawTab(Option, Painter);
         if (Element != CE_HeaderSection) return QProxyStyle::drawControl(Element, Option, Painter, Widget);
         Painter->fillRect(Option->rect, Option->palette.color(QPalette::Light));
         Painter->setPen(Option->palette.color(QPalette::Mid));
@@ -87,6 +88,12 @@ public:
     }
 
 private:
+    // The chosen tab is told by ground and border, in a skin of one ground too.
+    static void DrawTab(const QStyleOption* Option, QPainter* Painter) {
+        const bool Chosen = Option->state & State_Selected;
+        Painter->fillRect(Option->rect, Option->palette.color(Chosen ? QPalette::Base : QPalette::Button));
+        DrawBorder(Option, Painter, Chosen);
+    }
     static void DrawBorder(const QStyleOption* Option, QPainter* Painter, bool Focused) {
         Painter->save();
         Painter->setPen(Option->palette.color(Focused ? QPalette::Highlight : QPalette::Mid));
