@@ -23,7 +23,7 @@ void AddColumns(fw::TGridTableView& View) {
 
 int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size) {
     const fw::Text Layout(fuzz::AsText(Data, Size));
-    ws::TEditorService Service([](const fw::Text& Typed) { return Typed; });
+    ws::TEditorService Service([](const fw::Text& Typed) { return Typed; }, [](const auto&) {});
     fw::TGridTableView View, Fresh;
     AddColumns(View);
     AddColumns(Fresh);
