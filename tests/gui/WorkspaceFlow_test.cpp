@@ -54,8 +54,11 @@ TEST_F(WorkspaceFlowTest, AChangeIsSavedByItselfAfterFiveSeconds) {
 
 TEST_F(WorkspaceFlowTest, AWorkspaceThatEndedTheProgramIsAskedAboutBeforeItIsOpenedAgain) {
     Start();
+    ASSERT_TRUE(ws::TPlayer(*Dock("620-1").Frame()).Play(ws::TStep::EnterNumber("edtDown", 12345)));
     Open(kOrders);
     Restart();
+    const auto Down = [this] { return Dock("620-1").Frame()->FindControl<fw::TSpinEdit>("edtDown")->GetFloat(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Down() == 12345; }));
     EXPECT_EQ(Workstation->Store().ReadSetting("Workspace", "Opening"), "trader");
     const std::string Whole = Text(FileOf());
     Kill();  // before the views had settled
@@ -72,6 +75,59 @@ TEST_F(WorkspaceFlowTest, AWorkspaceThatEndedTheProgramIsAskedAboutBeforeItIsOpe
     Start();
     EXPECT_TRUE(Dialogs->Asked.empty());
     EXPECT_EQ(Keys(), (TKeys{"620-1", "701-1"}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Down() == 12345; })) << "its drafts were left alone, too";
+}
+
+TEST_F(WorkspaceFlowTest, NothingIsSavedWhileAWorkspaceIsAskedAbout) {
+    Start();
+    Open(kOrders);
+    Restart();
+    const std::string Whole = Text(FileOf());
+    Kill();
+    // The question runs the loop, in which the timer of the saver comes.
+    struct TWaiting : TFakeDialogs {
+        using TFakeDialogs::TFakeDialogs;
+        std::function<void()> Meanwhile;
+        bool Ask(QWidget* Parent, const QString& Question) override {
+            Meanwhile();
+            return TFakeDialogs::Ask(Parent, Question);
+        }
+    };
+    auto Given = std::make_unique<TWaiting>(Context);
+    Given->Meanwhile = [&] {
+        const TTime Begin = std::chrono::steady_clock::now() + std::chrono::hours(1);
+        Flow().Poll(Begin);
+        Flow().Poll(Begin + std::chrono::seconds(10));
+    };
+    StartWith(std::move(Given));
+    ASSERT_EQ(Dialogs->Asked.size(), 1u);
+    EXPECT_EQ(Text(FileOf()), Whole);
+    EXPECT_EQ(Keys(), (TKeys{"620-1", "701-1"}));
+}
+
+TEST_F(WorkspaceFlowTest, AWindowThatClosesTakesItsFloatingViewsAlong) {
+    Start();
+    Dock("620-1").setFloating(true);
+    ASSERT_TRUE(Dock("620-1").isVisible());
+    EXPECT_TRUE(Window->close());
+    EXPECT_FALSE(Dock("620-1").isVisible()) << "it would keep the program alive";
+    Kill();
+    Start();
+    EXPECT_TRUE(Dock("620-1").isFloating());
+    EXPECT_TRUE(Dock("620-1").isVisible());
+}
+
+TEST_F(WorkspaceFlowTest, AnImportOverTheOpenWorkspaceIsAskedAbout) {
+    Start();
+    Flow().Export(Top / "out.workspace");
+    Dialogs->File = ws::ToQt((Top / "out.workspace").string());
+    Dialogs->Text = Context.Translate("Res_WorkspaceDefault");
+    Dialogs->Yes = false;
+    ws::TViewDock* Before = &Dock("620-1");
+    Window->Commands().Run("workspace.import");
+    ASSERT_EQ(Dialogs->Asked.size(), 2u);  // the name, and whether it is to be replaced
+    EXPECT_EQ(&Dock("620-1"), Before);
+    EXPECT_EQ(Flow().Names(), (TKeys{ws::kDefaultWorkspace}));
 }
 
 TEST_F(WorkspaceFlowTest, AChangeInsideAViewIsOneToo) {

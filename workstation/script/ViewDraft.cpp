@@ -61,9 +61,11 @@ TViewDraft::TViewDraft(fw::TFrame& Frame, const TMarketService& Market, TSubscri
         FLinks += Results->OnRecordsChanged.Connect(Changed);
 }
 
-void TViewDraft::RestoreLast() {
-    if (const TViewState* Last = FJournal.Current())
-        Begin(*Last, ERestore::Everything, FJournal.Place(), kStartPatience);
+void TViewDraft::RestoreLast(bool WithLayout) {
+    if (!FJournal.Current()) return;
+    TViewState Last = *FJournal.Current();
+    if (!WithLayout) Last.Layout.clear();
+    Begin(std::move(Last), ERestore::Everything, FJournal.Place(), kStartPatience);
 }
 
 void TViewDraft::Open(TViewState State) {
@@ -113,7 +115,14 @@ void TViewDraft::Poll(TWait Now) {
 }
 
 void TViewDraft::PollRestore(TWait Elapsed) {
-    const auto State = FRestore->Poll(Elapsed);
+    auto State = TViewRestore::EState::Waiting;
+    try {
+        State = FRestore->Poll(Elapsed);
+    } catch (...) {  // not again and again
+        FRestore.reset();
+        FTarget.reset();
+        throw;
+    }
     if (State == TViewRestore::EState::Waiting) return;
     const auto Ended = std::exchange(FRestore, nullptr);
     const auto Target = std::exchange(FTarget, std::nullopt);

@@ -22,8 +22,8 @@ public:
     TViewDraft(fw::TFrame& Frame, const TMarketService& Market, TSubscriptionService& Subscriptions,
                TStateJournal Journal);
 
-    // Brings the current state of the journal back, layout and results included.
-    void RestoreLast();
+    // Brings the current state of the journal back, results included, and the layout text unless a newer one is there.
+    void RestoreLast(bool WithLayout = true);
     // One state back or forth. What was typed counts as a state of its own first. False: there is none, or what is
     // typed cannot be posted.
     bool Undo() { return Step(-1); }

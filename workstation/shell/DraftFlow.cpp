@@ -96,7 +96,7 @@ TViewDraft* TDraftFlow::DraftOf(const TViewDock& Dock) const {
 // Not while a handler of a view waits for an answer: the view must not change under it.
 void TDraftFlow::Poll() {
     const auto Says = [](const std::function<bool()>& Held) { return Held && Held(); };
-    if (Says(FDocks.IsHeld) || QThread::currentThread()->loopLevel() > 1) return;
+    if (Says(IsPaused) || Says(FDocks.IsHeld) || QThread::currentThread()->loopLevel() > 1) return;
     for (auto& [Frame, Followed] : FFollowed) {
         if (Says(IsHeld) && !Followed.Draft->IsNew()) continue;
         std::optional<TFocusStays> Focus;
@@ -114,10 +114,13 @@ void TDraftFlow::Flush() {
 
 // --- the store
 
+bool TDraftFlow::HasUnwritten() const {
+    return std::any_of(FFollowed.begin(), FFollowed.end(),
+                       [](const auto& Each) { return Each.second.Draft->Journal().HasChanges(); });
+}
+
 void TDraftFlow::Write() {
-    if (FClock.elapsed() < FNextTry) return;
-    const auto HasChanges = [](const auto& Each) { return Each.second.Draft->Journal().HasChanges(); };
-    if (std::none_of(FFollowed.begin(), FFollowed.end(), HasChanges)) return;
+    if (FClock.elapsed() < FNextTry || !HasUnwritten()) return;
     try {
         TStoreTransaction Write(FWorkstation.Store());
         for (const auto& [Frame, Followed] : FFollowed)
@@ -168,11 +171,11 @@ bool TDraftFlow::RemoveJournals(const std::string& Workspace) {
 
 // --- bringing back
 
-void TDraftFlow::RestoreView(TViewDock& Dock) {
+void TDraftFlow::RestoreView(TViewDock& Dock, bool WithLayout) {
     TViewDraft* Draft = DraftOf(Dock);
     if (!Draft || FWorkstation.Config().ReadString(kSection, kRestoreDrafts) == "0") return;
     const TFocusStays Focus(Dock);
-    fw::Dispatch("restore", [&] { Draft->RestoreLast(); });
+    fw::Dispatch("restore", [&] { Draft->RestoreLast(WithLayout); });
 }
 
 bool TDraftFlow::OpenState(TViewDock& Dock, TViewState State) {

@@ -37,7 +37,8 @@ public:
     // Right after a view was opened: brings back how it was left, its layout text too, unless the user wants none of it
     // (section "Workstation", key "RestoreDrafts", "0"). Without this call a view starts anew, and undo fetches what
     // was there before.
-    void RestoreView(TViewDock& Dock);
+    // WithLayout: the layout text of the draft, too; left out where a newer one is there already.
+    void RestoreView(TViewDock& Dock, bool WithLayout = true);
     // A state from elsewhere, as one step that can be undone. False: the view takes none.
     bool OpenState(TViewDock& Dock, TViewState State);
     // How the view is now; none for a view without legs.
@@ -47,9 +48,11 @@ public:
     void Redo() { Step(false); }
     // What waits for quiet and what waits for the store; at the end of the program the docks do it as they close.
     void Flush();
+    bool HasUnwritten() const;  // the store does not take them
 
     TViewDraft* DraftOf(const TViewDock& Dock) const;
 
+    std::function<bool()> IsPaused;  // true while views come and go that are not the user's yet; may be left out
     std::function<bool()>
         IsHeld;  // true while the program itself types into a view, which is one step; may be left out
 

@@ -206,7 +206,17 @@ void TMainWindow::PollRun() {
 
 // The view whose orders wait for their confirmation stays until it is answered.
 void TMainWindow::closeEvent(QCloseEvent* Event) {
-    Event->setAccepted(!FConfirmation.IsOpen() && FWorkspaces->Leave());
+    Event->setAccepted(!FConfirmation.IsOpen() && FWorkspaces->Leave() && LeaveDrafts());
+    if (!Event->isAccepted()) return;
+    // They ask their owner before they close, and would keep the program alive.
+    for (TViewDock* Dock : FDocks->Docks())
+        if (Dock->isFloating()) Dock->hide();
+}
+
+// False: the store does not take what was typed, and the user would rather stay.
+bool TMainWindow::LeaveDrafts() {
+    FDrafts->Flush();
+    return !FDrafts->HasUnwritten() || FDialogs->Ask(this, FContext.Translate("Res_DraftsAskUnsaved"));
 }
 
 // The first view gets what the messages do not need; from then on the border is the user's.
@@ -270,9 +280,13 @@ bool TMainWindow::SetUser(const std::string& Code) {
         BuildMenus();
         return false;
     }
-    if (!FWorkspaces->Leave()) return false;
+    if (!FWorkspaces->Leave() || !LeaveDrafts()) {
+        BuildMenus();
+        return false;
+    }
     FDocks->CloseAll();
-    const bool Known = FWorkstation.SetUser(Code);
+    Remember([&] { FWorkstation.SetUser(Code); });
+    const bool Known = FWorkstation.User().Code == Code;
     if (Known) fw::TLog::Info("Res_UserNow", {FWorkstation.User().Name.empty() ? Code : FWorkstation.User().Name});
     BuildMenus();
     if (!FWorkspaces->OpenLast()) OpenFirstView();

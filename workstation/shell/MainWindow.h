@@ -78,6 +78,7 @@ private:
     void FillUsers(QMenu& Menu);
     fw::TIBaseView* FirstVisibleView() const;
     void OpenFirstView();
+    bool LeaveDrafts();
     void ShowAbout();
     void Retranslate();
     void Remember(const std::function<void()>& Choice);

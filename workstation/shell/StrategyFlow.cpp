@@ -94,7 +94,8 @@ bool TStrategyFlow::SaveAs(const TViewState& State, const std::string& Name, con
 bool TStrategyFlow::OpenInto(TViewDock* Dock, const std::string& Name) {
     const auto Rows = Load();
     const auto Found = std::find_if(Rows.begin(), Rows.end(), [&](const auto& Row) { return Row.Name == Name; });
-    if (!Dock || Found == Rows.end()) return true;
+    if (!Dock) return FSay("Res_StrategyNoView", {}), true;
+    if (Found == Rows.end()) return true;
     FSay("Res_StrategyOpened", {Name});
     FDrafts.OpenState(*Dock, StateOfText(Found->State));
     return true;

@@ -36,7 +36,7 @@ std::string TViewDocks::FreeKey(fw::TIBaseView& View) const {
     const int Id = fw::DispatchValue("GetViewID", 0, [&] { return View.GetViewID(); });
     for (int Number = 1;; ++Number) {
         std::string Key = std::to_string(Id) + "-" + std::to_string(Number);
-        if (!DockOf(Key)) return Key;
+        if (!DockOf(Key) && !(IsKept && IsKept(Key))) return Key;
     }
 }
 

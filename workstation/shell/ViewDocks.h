@@ -37,7 +37,8 @@ public:
 
     void SetLanguage(int Language);
 
-    std::function<bool()> IsHeld;      // true while no view may close; may be left out
+    std::function<bool(const std::string& Key)> IsKept;  // a key that a new view does not get; may be left out
+    std::function<bool()> IsHeld;                        // true while no view may close; may be left out
     std::function<bool()> MayArrange;  // false, having said why, while the user moves none; may be left out
     fw::TSignal<> OnChanged;           // opened or closed
     fw::TSignal<TViewDock&> OnOpened;

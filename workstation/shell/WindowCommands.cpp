@@ -61,7 +61,9 @@ void TMainWindow::MakeWorkspaces() {
     });
     FLinks += FWorkspaces->OnRemoved.Connect(
         [this, Journals](const std::string& Name) { FDrafts->RemoveJournals(Journals(Name)); });
-    FLinks += FWorkspaces->OnViewRestored.Connect([this](TViewDock& Dock) { FDrafts->RestoreView(Dock); });
+    FLinks += FWorkspaces->OnViewRestored.Connect(
+        [this](TViewDock& Dock) { FDrafts->RestoreView(Dock, !FWorkspaces->Desk().BroughtLayout(Dock)); });
+    FDrafts->IsPaused = [this] { return FWorkspaces->IsBusy(); };
     setWindowTitle(FWorkspaces->Title());
 }
 

@@ -72,18 +72,20 @@ void TWorkspaceFlow::AskOpen() {
 }
 
 // Blanks around a name are not part of it, and an existing one is only taken when the user says so.
-std::optional<std::string> TWorkspaceFlow::AskName(const QString& Question, const std::string& Proposed) {
-    const std::optional<QString> Typed = FDialogs.AskText(&FWindow, Question, ToQt(Proposed));
+std::optional<std::string> TWorkspaceFlow::AskName(const QString& Question, const std::string& Proposed, bool AskOpen) {
+    const std::optional<QString> Typed = FDialogs.AskText(&FWindow, Question, Shown(Proposed));
     if (!Typed) return std::nullopt;
-    const std::string Name = fw::Trim(FromQt(*Typed));
-    if (Name != FName && FFolder.Has(Name) &&
-        !FDialogs.Ask(&FWindow, FContext.Translate("Res_WorkspaceAskReplace", {FromQt(Shown(Name))})))
+    std::string Name = fw::Trim(FromQt(*Typed));
+    if (Name == FromQt(Shown(kDefaultWorkspace))) Name = kDefaultWorkspace;
+    const bool Replaces = Name == FName ? AskOpen : FFolder.Has(Name);
+    if (Replaces && !FDialogs.Ask(&FWindow, FContext.Translate("Res_WorkspaceAskReplace", {FromQt(Shown(Name))})))
         return std::nullopt;
     return Name;
 }
 
 void TWorkspaceFlow::AskSaveAs() {
-    const auto Name = AskName(FContext.Translate("Res_WorkspaceAskName"), FName == kDefaultWorkspace ? "" : FName);
+    const auto Name =
+        AskName(FContext.Translate("Res_WorkspaceAskName"), FName == kDefaultWorkspace ? "" : FName, FReadOnly);
     if (Name) SaveAs(*Name);
 }
 
@@ -117,7 +119,7 @@ void TWorkspaceFlow::AskImport() {
     if (File.isEmpty()) return;
     std::string Proposed = std::filesystem::path(FromQt(File)).filename().string();
     Proposed.resize(std::min(Proposed.size(), Proposed.find('.')));
-    if (const auto Name = AskName(FContext.Translate("Res_WorkspaceAskName"), NameOfFile(Proposed)))
+    if (const auto Name = AskName(FContext.Translate("Res_WorkspaceAskName"), NameOfFile(Proposed), true))
         Import(FromQt(File), *Name);
 }
 

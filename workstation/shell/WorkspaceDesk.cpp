@@ -45,7 +45,10 @@ QRect ToRect(const TRectangle& Place) { return {Place.X, Place.Y, Place.Width, P
 
 std::vector<TRectangle> PresentScreens() {
     std::vector<TRectangle> Result;
-    for (const QScreen* Screen : QGuiApplication::screens()) Result.push_back(FromRect(Screen->availableGeometry()));
+    for (const QScreen* Screen : QGuiApplication::screens()) {
+        const TRectangle Place = FromRect(Screen->availableGeometry());
+        if (std::find(Result.begin(), Result.end(), Place) == Result.end()) Result.push_back(Place);  // mirrored
+    }
     return Result;
 }
 
@@ -117,6 +120,20 @@ TWorkspaceSections TWorkspaceDesk::Capture() {
     return Sections;
 }
 
+bool TWorkspaceDesk::Keeps(const std::string& Key) const {
+    return std::any_of(FSlots.begin(), FSlots.end(), [&](const TSlot& Each) {
+        const auto Entry = Each.Dock.empty() ? ReadView(Each.Section) : std::nullopt;
+        return Entry && Entry->Key == Key;
+    });
+}
+
+bool TWorkspaceDesk::BroughtLayout(const TViewDock& Dock) const {
+    return std::any_of(FSlots.begin(), FSlots.end(), [&](const TSlot& Each) {
+        const auto Entry = Each.Dock == Dock.Key() ? ReadView(Each.Section) : std::nullopt;
+        return Entry && !Entry->Layout.empty();
+    });
+}
+
 // --- back again
 
 fw::TIBaseView* TWorkspaceDesk::VisibleView(int Id) const {
@@ -157,16 +174,20 @@ void TWorkspaceDesk::Arrange(const TWindowEntry& Window) {
     const auto Place = [&] {
         if (!Window.Place.IsEmpty()) FWindow.setGeometry(ToRect(OntoScreens(Window.Place, Screens())));
     };
-    Place();
+    const bool WasMaximized = FWindow.isMaximized();
+    delete FAtNextSize;
+    // A large window has the desktop's geometry, not one of ours.
+    if (WasMaximized && !Window.Maximized) FWindow.setWindowState(FWindow.windowState() & ~Qt::WindowMaximized);
+    if (!WasMaximized || !Window.Maximized) Place();
     FWindow.setWindowState(FWindow.windowState().setFlag(Qt::WindowMaximized, Window.Maximized));
     const QByteArray Arrangement = QByteArray::fromBase64(QByteArray::fromStdString(Window.Arrangement));
     if (!FWindow.restoreState(Arrangement)) {
         ArrangeByEntries();
         // Views that stood side by side for a moment may have widened it.
         FWindow.layout()->activate();
-        Place();
-    } else if (Window.Maximized) {
-        new TAtNextSize(FWindow, [this, Arrangement] { FWindow.restoreState(Arrangement); });
+        if (!FWindow.isMaximized()) Place();
+    } else if (Window.Maximized && !WasMaximized) {
+        FAtNextSize = new TAtNextSize(FWindow, [this, Arrangement] { FWindow.restoreState(Arrangement); });
     }
     // The toolkit has its own mind about places outside the main screen.
     ForEachOpen([](TViewDock& Dock, const TViewEntry& Entry) {
@@ -220,6 +241,7 @@ void TWorkspaceDesk::ArrangeByEntries() {
 }
 
 void TWorkspaceDesk::Clear() {
+    delete FAtNextSize;
     SetLocked(false);
     FSlots.clear();
     FWindow.restoreState(FEmpty);
@@ -240,13 +262,18 @@ void TWorkspaceDesk::BringBack() {
 
 void TWorkspaceDesk::SetLocked(bool Locked) {
     FLocked = Locked;
+    for (QDockWidget* Dock : FWindow.findChildren<QDockWidget*>()) FixFeatures(*Dock);
     for (TViewDock* Dock : FDocks.Docks()) Fix(*Dock);
 }
 
-void TWorkspaceDesk::Fix(TViewDock& Dock) const {
+void TWorkspaceDesk::FixFeatures(QDockWidget& Dock) const {
     Dock.setFeatures(FLocked ? QDockWidget::NoDockWidgetFeatures
                              : QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable |
                                    QDockWidget::DockWidgetFloatable);
+}
+
+void TWorkspaceDesk::Fix(TViewDock& Dock) const {
+    FixFeatures(Dock);
     Dock.TitleBar().FloatButton().setEnabled(!FLocked);
     Dock.TitleBar().CloseButton().setEnabled(!FLocked);
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QByteArray>
+#include <QPointer>
 
 #include "workstation/shell/ViewDocks.h"
 #include "workstation/workspace/WorkspaceEntries.h"
@@ -26,6 +27,10 @@ public:
     void Clear();
     // How it looks now. An empty layout text of a view never replaces the one that it had.
     TWorkspaceSections Capture();
+    // Whether the workspace holds the key for a view that is not open now.
+    bool Keeps(const std::string& Key) const;
+    // Whether the workspace brought a layout text for the view.
+    bool BroughtLayout(const TViewDock& Dock) const;
 
     // Locked docks can neither be dragged nor made to float nor closed by hand.
     void SetLocked(bool Locked);
@@ -47,6 +52,7 @@ private:
     void ArrangeByEntries();
     void ForEachOpen(const std::function<void(TViewDock& Dock, const TViewEntry& Entry)>& Do) const;
     void Fix(TViewDock& Dock) const;
+    void FixFeatures(QDockWidget& Dock) const;
     fw::TIBaseView* VisibleView(int Id) const;
 
     QMainWindow& FWindow;
@@ -55,6 +61,7 @@ private:
     QByteArray FEmpty;  // the window without views
     std::vector<TSlot> FSlots;
     bool FLocked = false;
+    QPointer<QObject> FAtNextSize;  // the arrangement that waits for the window to be large
     fw::TConnection FOpenedLink;
 };
 

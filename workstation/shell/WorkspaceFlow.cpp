@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QScreen>
 
+#include "framework/base/FlagGuard.h"
 #include "framework/base/Log.h"
 #include "framework/services/GlobalChannelManager.h"
 #include "workstation/renderers/QtText.h"
@@ -21,7 +22,7 @@ constexpr char kOpening[] = "Opening";    // in the same section: the user whose
 constexpr char kFolder[] = "workspaces";
 constexpr char kInMemory[] = ":memory:";
 constexpr int kPollMs = 1000;
-constexpr int kSettledMs = 5000;  // the views stand, and their drafts are back
+constexpr int kSettledMs = 15'000;  // the views stand, and their drafts are back
 
 }  // namespace
 
@@ -42,6 +43,9 @@ TWorkspaceFlow::TWorkspaceFlow(TWorkstation& Workstation, const TRenderContext& 
       FAutoSave(FHost.Delay),
       FName(kDefaultWorkspace) {
     Docks.MayArrange = [this] { return MayArrange(); };
+    Docks.IsKept = [this](const std::string& Key) { return FDesk.Keeps(Key); };
+    FSettled.setSingleShot(true);
+    QObject::connect(&FSettled, &QTimer::timeout, &Window, [this] { EndOpening(); });
     // A dock under the mouse is on its way: where it goes is seen when the button is let go.
     QObject::connect(&FTimer, &QTimer::timeout, &Window, [this] {
         if (FWindow.isVisible() && QGuiApplication::mouseButtons() == Qt::NoButton)
@@ -52,12 +56,15 @@ TWorkspaceFlow::TWorkspaceFlow(TWorkstation& Workstation, const TRenderContext& 
     Begin();
 }
 
-TWorkspaceFlow::~TWorkspaceFlow() { FDocks.MayArrange = nullptr; }
+TWorkspaceFlow::~TWorkspaceFlow() {
+    FDocks.MayArrange = nullptr;
+    FDocks.IsKept = nullptr;
+}
 
 // --- saving
 
 void TWorkspaceFlow::Poll(TAutoSave::TTime Now) {
-    if (FFolder.Keeps() && !FReadOnly && FAutoSave.IsDue(WriteWorkspace(FDesk.Capture()), Now)) Save();
+    if (FFolder.Keeps() && !FReadOnly && !FBusy && FAutoSave.IsDue(WriteWorkspace(FDesk.Capture()), Now)) Save();
 }
 
 bool TWorkspaceFlow::Save() {
@@ -104,10 +111,13 @@ bool TWorkspaceFlow::OpenLast() {
     FDesk.Clear();
     OnSwitched(FName);
     bool Found = true;
-    if (MayOpenAgain())
-        Found = Restore(FFolder.Load(FName));
-    else if (FHost.OpenStart)
-        FHost.OpenStart();
+    {
+        const fw::TFlagGuard Busy(FBusy, fw::EGuardEnd::Clear);
+        if (MayOpenAgain())
+            Found = Restore(FFolder.Load(FName));
+        else if (FHost.OpenStart)
+            FHost.OpenStart();
+    }
     OnChanged();
     return Found;
 }
@@ -118,17 +128,28 @@ bool TWorkspaceFlow::MayOpenAgain() {
         if (FFolder.Keeps() && FFolder.Has(FName)) MarkOpening();
         return true;
     }
-    FReadOnly = !FDialogs.Ask(&FWindow, FContext.Translate("Res_WorkspaceAskAgain", {FromQt(Shown(FName))}));
-    if (FReadOnly) EndOpening();
-    return !FReadOnly;
+    if (FDialogs.Ask(&FWindow, FContext.Translate("Res_WorkspaceAskAgain", {FromQt(Shown(FName))}))) {
+        MarkOpening();
+        return true;
+    }
+    EndOpening();
+    LeaveAlone();
+    return false;
+}
+
+// Neither the file nor the drafts of its views: what is opened instead is of no workspace, whose name is empty.
+void TWorkspaceFlow::LeaveAlone() {
+    FReadOnly = true;
+    OnSwitched({});
 }
 
 void TWorkspaceFlow::MarkOpening() {
     InStore([this] { FWorkstation.Store().WriteSetting(kSection, kOpening, FWorkstation.User().Code); });
-    QTimer::singleShot(kSettledMs, &FTimer, [this] { EndOpening(); });
+    FSettled.start(kSettledMs);
 }
 
 void TWorkspaceFlow::EndOpening() {
+    FSettled.stop();
     if (FFolder.Keeps()) InStore([this] { FWorkstation.Store().RemoveSetting(kSection, kOpening); });
 }
 
@@ -147,7 +168,10 @@ void TWorkspaceFlow::Enter(const std::string& Name) {
     FReadOnly = FFailed = false;
     FDesk.Clear();
     OnSwitched(FName);
-    if (!Restore(FFolder.Load(FName)) && FHost.OpenStart) FHost.OpenStart();
+    {
+        const fw::TFlagGuard Busy(FBusy, fw::EGuardEnd::Clear);
+        if (!Restore(FFolder.Load(FName)) && FHost.OpenStart) FHost.OpenStart();
+    }
     Remember();
     Save();
     OnChanged();
@@ -158,7 +182,10 @@ bool TWorkspaceFlow::Restore(TWorkspaceFolder::TFound Found) {
     using enum TWorkspaceFolder::EFound;
     FReadOnly = Found.Kind == Newer || Found.Kind == Unreadable;
     TellFound(Found);
-    if (Found.Sections.empty()) return false;
+    if (Found.Sections.empty()) {
+        if (FReadOnly) LeaveAlone();
+        return false;
+    }
     const auto Views = std::count_if(Found.Sections.begin(), Found.Sections.end(),
                                      [](const auto& Each) { return Each.Name == kViewSection; });
     FRestoring = true;
@@ -202,7 +229,9 @@ bool TWorkspaceFlow::MaySwitch() const {
 }
 
 void TWorkspaceFlow::Switch(const std::string& Name) {
-    if (Name != FName && MaySwitch() && Leave()) Enter(Name);
+    if (Name == FName) return;
+    if (MaySwitch() && Leave()) return Enter(Name);
+    OnChanged();  // the menu shows the one that stays
 }
 
 void TWorkspaceFlow::SaveAs(const std::string& Name) {

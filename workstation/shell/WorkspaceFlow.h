@@ -47,6 +47,7 @@ public:
     std::vector<std::string> Names() const;
     bool IsLocked() const { return FDesk.IsLocked(); }
     bool IsRestoring() const { return FRestoring; }
+    bool IsBusy() const { return FBusy; }  // on the way from one workspace to another: what is open is none of both
     // False, having said why, while the workspace is locked.
     bool MayArrange() const;
 
@@ -82,8 +83,10 @@ private:
     bool MayOpenAgain();
     void MarkOpening();
     void EndOpening();
+    void LeaveAlone();
     static void InStore(const std::function<void()>& Body);  // what the store refuses is said
-    std::optional<std::string> AskName(const QString& Question, const std::string& Proposed);
+    // AskOpen: the name of the open workspace is asked about like that of another.
+    std::optional<std::string> AskName(const QString& Question, const std::string& Proposed, bool AskOpen);
     void AskOpen();
     void AskSaveAs();
     void AskRemove();
@@ -105,7 +108,8 @@ private:
     bool FReadOnly = false;  // its file is not ours to write
     bool FFailed = false;    // the last save did; said once
     bool FRestoring = false;
-    QTimer FTimer;
+    bool FBusy = false;
+    QTimer FTimer, FSettled;
 };
 
 }  // namespace ws
