@@ -114,6 +114,10 @@ void TViewDraft::Poll(TWait Now) {
     if (FWaiting && Now - FChangedAt >= kQuiet && !IsTyping(FFrame)) Capture();
 }
 
+bool TViewDraft::MayPerform(TWait Now) const {
+    return FRestore && FRestore->MayPerform(FRestoreBegan ? Now - *FRestoreBegan : TWait(0));
+}
+
 void TViewDraft::PollRestore(TWait Elapsed) {
     auto State = TViewRestore::EState::Waiting;
     try {

@@ -34,6 +34,7 @@ public:
     void Open(TViewState State);
     bool IsNew() const { return !FSeen; }  // nothing was captured yet
     bool IsRestoring() const { return FRestore != nullptr; }
+    bool MayPerform(TWait Now) const;  // Poll may type into the view
 
     // Now counts from any moment and never goes back. A change becomes a state once nothing has changed for a while.
     void Poll(TWait Now);

@@ -31,6 +31,8 @@ public:
 
     // Goes as far as it can without waiting; Elapsed is the time since the run began.
     EState Poll(TWait Elapsed);
+    // False: Poll would only go on waiting for data.
+    bool MayPerform(TWait Elapsed) const { return !FBefore || DataArrived() || Elapsed >= FPatience; }
 
     // What did not come back, each a sentence whose first argument (%1), the view's caption, is left to the caller.
     const std::vector<fw::TRefusal>& Problems() const { return FProblems; }

@@ -99,9 +99,10 @@ void TDraftFlow::Poll() {
     if (Says(IsPaused) || Says(FDocks.IsHeld) || QThread::currentThread()->loopLevel() > 1) return;
     for (auto& [Frame, Followed] : FFollowed) {
         if (Says(IsHeld) && !Followed.Draft->IsNew()) continue;
+        const TViewDraft::TWait Now(FClock.elapsed());
         std::optional<TFocusStays> Focus;
-        if (Followed.Draft->IsRestoring()) Focus.emplace(*Followed.Dock);
-        fw::Dispatch("draft", [&] { Followed.Draft->Poll(TViewDraft::TWait(FClock.elapsed())); });
+        if (Followed.Draft->MayPerform(Now)) Focus.emplace(*Followed.Dock);
+        fw::Dispatch("draft", [&] { Followed.Draft->Poll(Now); });
     }
     Write();
 }

@@ -10,6 +10,7 @@
 #include "framework/controls/Chart.h"
 #include "framework/controls/GridText.h"
 #include "workstation/renderers/ChartRenderer.h"
+#include "workstation/renderers/GridClipboard.h"
 #include "workstation/renderers/QtText.h"
 #include "workstation/resources/Skins.h"
 #include "workstation/shell/Printout.h"
@@ -37,6 +38,17 @@ fw::TChart* ChartOf(const TViewDock& Dock) {
 }
 
 // The first skin's paper is white; profit and loss, and the size, are as on the screen.
+// Of the longest table of results.
+int64_t ResultRows(const TViewDock& Dock) {
+    int64_t Rows = 0;
+    for (QWidget* Each : Dock.findChildren<QWidget*>()) {
+        const auto* Renderer = dynamic_cast<TGridClipboard*>(Each);
+        fw::TGridTableView* View = Renderer ? Renderer->GetTable() : nullptr;
+        if (View && View->GetDataControl()) Rows = std::max<int64_t>(Rows, View->GetDataControl()->GetCount());
+    }
+    return Rows;
+}
+
 TRenderContext PaperContext(const TRenderContext& Screen) {
     TRenderContext Paper;
     Paper.SetSkin(TSkinTable::Embedded().Skins().front(), Screen.GetProfitPalette());
@@ -129,8 +141,7 @@ void TExportFlow::Print() {
     TViewDock* Dock = FPlaces.Docks.Current();
     const fw::TFrame* Frame = Dock->Frame();
     if (!Frame) return;
-    const auto* Detail = Frame->FindControl<fw::TGridTableView>("DetailGridView");
-    const int64_t Rows = Detail && Detail->GetDataControl() ? Detail->GetDataControl()->GetCount() : 0;
+    const int64_t Rows = ResultRows(*Dock);
     bool WithRows = true;
     if (Rows > kPrintedRows) {
         const bool TooMany = Rows > kMostPrinted;
