@@ -66,6 +66,11 @@ TEST_F(CommandsTest, AMenuEntryShowsItsKeysAndFollowsTheLanguage) {
     EXPECT_EQ(Entry("計算"), Window->Commands().Action("view.calculate"));
 }
 
+TEST_F(CommandsTest, EveryShippedCommandDoesSomething) {
+    for (const ws::TCommand& Each : ws::ShippedCommands())
+        EXPECT_NE(Window->Commands().Action(Each.Id), nullptr) << Each.Id;
+}
+
 TEST_F(CommandsTest, EveryBoundCommandStandsInAMenu) {
     std::set<const QAction*> Shown;
     std::function<void(const QMenu&)> Take = [&](const QMenu& Menu) {

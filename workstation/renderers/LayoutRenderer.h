@@ -37,8 +37,6 @@ class TLayoutGroupRenderer : public QWidget {
 public:
     TLayoutGroupRenderer(fw::TLayoutGroup& Model, TRenderContext& Context, QWidget* Parent);
 
-    QSplitter* GetSplitter() const { return FSplitter; }  // null for a fixed group
-
 protected:
     void resizeEvent(QResizeEvent* Event) override;
 

@@ -33,12 +33,18 @@ void TConfigService::WriteString(const fw::Text& Section, const fw::Text& Key, c
     Write({{Section, Key, Value}});
 }
 
+// What is stored is what is shown, also where the store takes some of the changes only.
 void TConfigService::Write(const std::vector<TConfigChange>& Changes) {
-    for (const TConfigChange& Each : Changes) {
-        if (Each.Value)
-            FStore->WriteSetting(Each.Section, Each.Key, *Each.Value);
-        else
-            FStore->RemoveSetting(Each.Section, Each.Key);
+    try {
+        for (const TConfigChange& Each : Changes) {
+            if (Each.Value)
+                FStore->WriteSetting(Each.Section, Each.Key, *Each.Value);
+            else
+                FStore->RemoveSetting(Each.Section, Each.Key);
+        }
+    } catch (const EStoreError&) {
+        Notify();
+        throw;
     }
     Notify();
 }

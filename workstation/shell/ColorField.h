@@ -18,7 +18,6 @@ public:
     QWidget& Editor() override;
     void Reload() override;
     void Retranslate() override;
-    QToolButton& ChooseButton() { return *FChoose; }
     QPushButton& SkinsOwnButton() { return *FSkinsOwn; }
 
 private:

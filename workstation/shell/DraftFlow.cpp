@@ -9,6 +9,7 @@
 #include <QThread>
 
 #include "framework/base/Log.h"
+#include "workstation/preferences/PreferenceTable.h"
 #include "workstation/renderers/FrameRenderer.h"
 #include "workstation/store/StoreTransaction.h"
 
@@ -18,8 +19,6 @@ namespace {
 
 constexpr int kPollMs = 100;
 constexpr qint64 kRetryMs = 10'000;  // a try may wait a second for another program's lock
-constexpr char kSection[] = "Workstation";
-constexpr char kRestoreDrafts[] = "RestoreDrafts";
 
 // A view in which the user does not work is brought back without taking the focus from where he works: widgets that are
 // disabled take none.
@@ -174,7 +173,7 @@ bool TDraftFlow::RemoveJournals(const std::string& Workspace) {
 
 void TDraftFlow::RestoreView(TViewDock& Dock, bool WithLayout) {
     TViewDraft* Draft = DraftOf(Dock);
-    if (!Draft || FWorkstation.Config().ReadString(kSection, kRestoreDrafts) == "0") return;
+    if (!Draft || FWorkstation.Config().ReadString(kWorkstationSection, kPreferenceRestoreDrafts) == "0") return;
     const TFocusStays Focus(Dock);
     fw::Dispatch("restore", [&] { Draft->RestoreLast(WithLayout); });
 }

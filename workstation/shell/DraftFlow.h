@@ -35,7 +35,7 @@ public:
     bool RemoveJournals(const std::string& Workspace);
 
     // Right after a view was opened: brings back how it was left, its layout text too, unless the user wants none of it
-    // (section "Workstation", key "RestoreDrafts", "0"). Without this call a view starts anew, and undo fetches what
+    // (the preference kPreferenceRestoreDrafts). Without this call a view starts anew, and undo fetches what
     // was there before.
     // WithLayout: the layout text of the draft, too; left out where a newer one is there already.
     void RestoreView(TViewDock& Dock, bool WithLayout = true);

@@ -82,8 +82,8 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
         if (fw::TFrame* Frame = Dock ? Dock->Frame() : nullptr) Say(RefusedHint(*Frame, Grid), {});
     };
     FContext.OnEditKept = [this](const QString& Reason) { FStatus->Say([Reason] { return Reason; }); };
-    FClipboard = std::make_unique<TClipboardFlow>(Context, *FDialogs, *FDocks, *this,
-                                                  [this](const auto& Key, const auto& Args) { Say(Key, Args); });
+    const auto SayHere = [this](const auto& Key, const auto& Args) { Say(Key, Args); };
+    FClipboard = std::make_unique<TClipboardFlow>(Context, *FDialogs, *FDocks, *this, SayHere);
     FWorkstation.MessageBox().OnShow = [this](const fw::Text& Message) { FDialogs->Tell(this, ToQt(Message)); };
     // Work of the services waits for the loop; the tick drives market and views.
     FWorkstation.SetOnWork([this] { PumpLater(); });
@@ -103,11 +103,9 @@ TMainWindow::TMainWindow(TWorkstation& Workstation, TRenderContext& Context, std
     FMenus = std::make_unique<TMainMenus>(*menuBar(), *FCommands, FCatalog, FContext, [this](fw::TIBaseView& View) {
         if (FDocks->CanArrange()) FDocks->Open(View);
     });
-    FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks,
-                                                    [this](const auto& Key, const auto& Args) { Say(Key, Args); });
+    FViewCommands = std::make_unique<TViewCommands>(*FCommands, *FDocks, SayHere);
     FExport = std::make_unique<TExportFlow>(TExportFlow::TPlaces{FContext, *FDialogs, *FDocks, *FClipboard, *this},
-                                            *FCommands, [this](const auto& Key, const auto& Args) { Say(Key, Args); });
-    const auto SayHere = [this](const auto& Key, const auto& Args) { Say(Key, Args); };
+                                            *FCommands, SayHere);
     FDrafts = std::make_unique<TDraftFlow>(Workstation, *FDocks, *FCommands, SayHere);
     FDrafts->IsHeld = [this] { return IsPlaying(); };
     FStrategies =

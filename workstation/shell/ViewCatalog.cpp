@@ -44,12 +44,6 @@ void TViewCatalog::Reload() {
     }
 }
 
-fw::TIBaseView* TViewCatalog::ViewOf(const fw::TFrame& Frame) const {
-    for (const auto& View : FViews)
-        if (View->FindView(Frame.GetHandle()) == &Frame) return View.get();
-    return nullptr;
-}
-
 std::vector<TMenuNode> MenuOf(const TViewCatalog& Catalog) {
     std::vector<TMenuNode> Result;
     for (const auto& View : Catalog.Views()) {

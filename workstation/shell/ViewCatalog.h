@@ -17,7 +17,6 @@ public:
     // failure is logged.
     void Reload();
     const std::vector<std::unique_ptr<fw::TIBaseView>>& Views() const { return FViews; }
-    fw::TIBaseView* ViewOf(const fw::TFrame& Frame) const;  // null when nobody has it open
 
 private:
     std::vector<fw::Text> FKnown;

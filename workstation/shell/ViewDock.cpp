@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QToolButton>
 
 #include "framework/base/Dispatch.h"
@@ -102,8 +103,9 @@ TViewDock::TViewDock(fw::TIBaseView& View, int64_t Handle, const std::string& Ke
     int Width = 0, Height = 0;
     if (View.GetDefaultSize(Width, Height)) FDefaultSize = QSize(Width, Height);
     connect(this, &QDockWidget::topLevelChanged, this, [this](bool Floats) {
-        if (Floats && FDefaultSize.isValid())
-            resize(FContext.Scaled(FDefaultSize.width()), FContext.Scaled(FDefaultSize.height()));
+        if (!Floats || !FDefaultSize.isValid()) return;
+        const QSize Size(FContext.Scaled(FDefaultSize.width()), FContext.Scaled(FDefaultSize.height()));
+        resize(Size.boundedTo(screen()->availableSize()));
     });
     FLinks += Context.OnSkinChanged.Connect([this] {
         FTitle->Retranslate();
@@ -124,11 +126,9 @@ fw::Text TViewDock::GetGroup() const {
 }
 
 bool TViewDock::SetGroup(const fw::Text& Group) {
-    const fw::Text Before = GetGroup();
     const int Number = LinkGroupNumber(Group);
     if (LinkGroupId(Number) != Group || !FView.SetGroupID(FHandle, Group)) return false;
     FTitle->GroupButton().SetNumber(Number);
-    if (Group != Before) OnGroupChanged();
     return true;
 }
 

@@ -66,7 +66,6 @@ public:
     // takes none.
     fw::Text GetGroup() const;
     bool SetGroup(const fw::Text& Group);
-    fw::TSignal<> OnGroupChanged;
 
     void UpdateCaption();
     void UpdateButtons();

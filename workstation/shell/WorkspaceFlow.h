@@ -65,7 +65,7 @@ public:
     TWorkspaceDesk& Desk() { return FDesk; }
 
     fw::TSignal<> OnChanged;                     // name, names or lock
-    fw::TSignal<const std::string&> OnSwitched;  // another name is open; no view of it yet
+    fw::TSignal<const std::string&> OnSwitched;  // another name is open, "" none; no view of it yet
     fw::TSignal<TViewDock&> OnViewRestored;      // in its place, with its layout data; not for newly opened views
     fw::TSignal<const std::string&, const std::string&> OnCopied;  // from, to: the views are the same
     fw::TSignal<const std::string&> OnRemoved;

@@ -2,13 +2,12 @@
 #include "workstation/views/PositionsFrame.h"
 
 #include "framework/services/ConfigManager.h"
+#include "workstation/preferences/PreferenceTable.h"
 #include "workstation/views/OrdersData.h"
 
 namespace ws {
 
 namespace {
-
-constexpr char kConfigAveragePriceMode[] = "PVAvgPriceMode";
 
 // By mode.
 constexpr std::array kAverageCaptions{"Res_PositionAverageCost", "Res_PositionFirstInFirstOut",
@@ -16,7 +15,7 @@ constexpr std::array kAverageCaptions{"Res_PositionAverageCost", "Res_PositionFi
 
 int ModeOfUser() {
     auto& Config = fw::TCustomConfigManager::GetInstance();
-    return Config.ReadInteger(Config.GetUserSection(), kConfigAveragePriceMode);
+    return Config.ReadInteger(Config.GetUserSection(), kPreferenceAveragePrice);
 }
 
 }  // namespace
