@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// The strategy's P/L at 50 prices in three ways that give the same numbers to the last bit:
+// The strategy's P/L at 50 prices in four ways that give the same numbers to the last bit:
 //   EachLegAsked   every leg at every price looks its market data up and reads their fields
 //   ItemsHeld      the market data are looked up once, their fields read at every price
-//   TermsRead      the fields are read once; this is what a calculation does
+//   TermsRead      the fields are read once, the prices one by one
+//   Together       the same, the prices side by side in the vector registers; this is what a calculation does
 // Time per leg and price stands in the last column, so that lines of different sizes compare.
 #include <benchmark/benchmark.h>
 
 #include <bit>
 
 #include "bench/Strategy.h"
+#include "engine/VentiqMarketData.h"
 
 namespace bench {
 
@@ -18,7 +20,11 @@ using namespace ventiq;
 
 constexpr int kPrices = 50;
 
-double PriceOf(int Row) { return kDownLimit + 190.75 * Row; }
+std::vector<double> Prices() {
+    std::vector<double> Result;
+    for (int Row = 0; Row < kPrices; ++Row) Result.push_back(kDownLimit + 190.75 * Row);
+    return Result;
+}
 
 double EachLegAsked(const TPayOffDataList& Legs, double Price) {
     double Sum = 0.0;
@@ -26,26 +32,45 @@ double EachLegAsked(const TPayOffDataList& Legs, double Price) {
     return Sum;
 }
 
-// Measures Sum(price) and holds it against the literal result first.
-template <class TSum>
-void Measure(benchmark::State& State, const TStrategy& Strategy, TSum Sum) {
-    for (int Row = 0; Row < kPrices; ++Row) {
-        const double Price = PriceOf(Row);
-        const double Literal = EachLegAsked(Strategy.Control.GetPayOffData(), Price);
-        if (std::bit_cast<uint64_t>(Sum(Price)) != std::bit_cast<uint64_t>(Literal))
+// Measures Fill(prices, sums) and holds it against the literal result first.
+template <class TFill>
+void Measure(benchmark::State& State, const TStrategy& Strategy, TFill Fill) {
+    const auto All = Prices();
+    std::vector<double> Sums(All.size());
+    Fill(All, Sums);
+    for (size_t I = 0; I < All.size(); ++I) {
+        const double Literal = EachLegAsked(Strategy.Control.GetPayOffData(), All[I]);
+        if (std::bit_cast<uint64_t>(Sums[I]) != std::bit_cast<uint64_t>(Literal))
             return State.SkipWithError("the ways differ in their results");
     }
-    for (auto Step : State)
-        for (int Row = 0; Row < kPrices; ++Row) benchmark::DoNotOptimize(Sum(PriceOf(Row)));
+    for (auto Step : State) {
+        Fill(All, Sums);
+        benchmark::DoNotOptimize(Sums.data());
+        benchmark::ClobberMemory();
+    }
     State.counters["per_leg_and_price"] =
         benchmark::Counter(static_cast<double>(State.range(0) * kPrices),
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
+template <class TSum>
+void MeasureEach(benchmark::State& State, const TStrategy& Strategy, TSum Sum) {
+    Measure(State, Strategy, [&](const std::vector<double>& All, std::vector<double>& Sums) {
+        for (size_t I = 0; I < All.size(); ++I) Sums[I] = Sum(All[I]);
+    });
+}
+
+TLegTermsList TermsOf(const TStrategy& Strategy) {
+    TLegTermsList Result;
+    for (const auto& Leg : Strategy.Control.GetPayOffData())
+        Result.push_back(LegTerms(*Leg, ReadContractTerms(*PriceDataItem(Leg->FSymbol))));
+    return Result;
+}
+
 void LegsEachLegAsked(benchmark::State& State) {
     const TStrategy Strategy(static_cast<int>(State.range(0)));
     const auto& Legs = Strategy.Control.GetPayOffData();
-    Measure(State, Strategy, [&](double Price) { return EachLegAsked(Legs, Price); });
+    MeasureEach(State, Strategy, [&](double Price) { return EachLegAsked(Legs, Price); });
 }
 
 void LegsItemsHeld(benchmark::State& State) {
@@ -53,17 +78,27 @@ void LegsItemsHeld(benchmark::State& State) {
     const auto& Legs = Strategy.Control.GetPayOffData();
     std::vector<const TCustomSubItem*> Items;
     for (const auto& Leg : Legs) Items.push_back(&Strategy.Host.Subscriptions.Item(Leg->FSymbol));
-    Measure(State, Strategy, [&](double Price) {
+    MeasureEach(State, Strategy, [&](double Price) {
         double Sum = 0.0;
-        for (size_t I = 0; I < Legs.size(); ++I) Sum += LegPL(ReadLegTerms(*Legs[I], *Items[I]), Price);
+        for (size_t I = 0; I < Legs.size(); ++I) Sum += LegPL(LegTerms(*Legs[I], ReadContractTerms(*Items[I])), Price);
         return Sum;
     });
 }
 
 void LegsTermsRead(benchmark::State& State) {
     const TStrategy Strategy(static_cast<int>(State.range(0)));
-    const auto Terms = Strategy.Control.GetLegTerms();
-    Measure(State, Strategy, [&](double Price) { return SumPL(*Terms, Price); });
+    const auto Terms = TermsOf(Strategy);
+    MeasureEach(State, Strategy, [&](double Price) {
+        double Sum = 0.0;
+        for (const auto& Leg : Terms) Sum += LegPL(Leg, Price);
+        return Sum;
+    });
+}
+
+void LegsTogether(benchmark::State& State) {
+    const TStrategy Strategy(static_cast<int>(State.range(0)));
+    const TLegSums Legs(TermsOf(Strategy));
+    Measure(State, Strategy, [&](const std::vector<double>& All, std::vector<double>& Sums) { Legs.At(All, Sums); });
 }
 
 void Sizes(benchmark::internal::Benchmark* Bench) {
@@ -72,6 +107,7 @@ void Sizes(benchmark::internal::Benchmark* Bench) {
 BENCHMARK(LegsEachLegAsked)->Apply(Sizes);
 BENCHMARK(LegsItemsHeld)->Apply(Sizes);
 BENCHMARK(LegsTermsRead)->Apply(Sizes);
+BENCHMARK(LegsTogether)->Apply(Sizes);
 
 }  // namespace
 

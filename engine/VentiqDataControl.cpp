@@ -13,11 +13,11 @@
 
 namespace ventiq {
 
-// What a calculation takes from one leg's market data.
-struct TCustomVentiqDataControl::TLegReading {
-    TLegTerms Terms;
-    Text Currency;
-    std::optional<double> KeyStrike;  // an option's strike, where it is a number
+// What a calculation takes from the legs' market data.
+struct TCustomVentiqDataControl::TReading {
+    TLegTermsList Terms;
+    Text Currency;                // the first leg's that has one
+    std::vector<double> Strikes;  // of the options, where they are numbers
 };
 
 TCustomVentiqDataControl::TCustomVentiqDataControl(TObject* Owner)
@@ -85,24 +85,28 @@ void TCustomVentiqDataControl::Reset() {
     FDataDictionary.clear();
 }
 
-std::vector<TCustomVentiqDataControl::TLegReading> TCustomVentiqDataControl::ReadLegs() const {
-    std::vector<TLegReading> Result;
-    Result.reserve(FPayOffDataList.size());
+// Each symbol's market data are read once, however many legs name it.
+TCustomVentiqDataControl::TReading TCustomVentiqDataControl::ReadLegs() const {
+    TReading Result;
+    Result.Terms.reserve(FPayOffDataList.size());
+    std::unordered_map<std::string_view, TContractTerms> Contracts;
     for (const auto& Leg : FPayOffDataList) {
-        const auto* Item = PriceDataItem(Leg->FSymbol);
-        auto& Reading =
-            Result.emplace_back(TLegReading{ReadLegTerms(*Leg, *Item), Item->GetFieldText(kFieldCurrency), {}});
-        if (Reading.Terms.ProductType == kProductOption)
-            Reading.KeyStrike = TextToFloat(Item->GetFieldText(kFieldStrike));
+        const auto [Contract, First] = Contracts.try_emplace(Leg->FSymbol);
+        if (First) {
+            const auto* Item = PriceDataItem(Leg->FSymbol);
+            Contract->second = ReadContractTerms(*Item);
+            if (Result.Currency.empty()) Result.Currency = Item->GetFieldText(kFieldCurrency);
+            const bool Option = Contract->second.ProductType == kProductOption;
+            const auto Strike = Option ? TextToFloat(Item->GetFieldText(kFieldStrike)) : std::nullopt;
+            if (Strike) Result.Strikes.push_back(*Strike);
+        }
+        Result.Terms.push_back(LegTerms(*Leg, Contract->second));
     }
     return Result;
 }
 
-std::shared_ptr<const TLegTermsList> TCustomVentiqDataControl::GetLegTerms() const {
-    if (FTerms) return FTerms;
-    auto Terms = std::make_shared<TLegTermsList>();
-    for (auto& Reading : ReadLegs()) Terms->push_back(Reading.Terms);
-    return Terms;
+std::shared_ptr<const TLegSums> TCustomVentiqDataControl::GetLegSums() const {
+    return FLegSums ? FLegSums : std::make_shared<const TLegSums>(ReadLegs().Terms);
 }
 
 void TCustomVentiqDataControl::Calculate() {
@@ -111,37 +115,37 @@ void TCustomVentiqDataControl::Calculate() {
     FDataList.Clear();
     FDataDictionary.clear();
 
-    const auto Readings = ReadLegs();
-    auto Terms = std::make_shared<TLegTermsList>();
-    std::set<Text> Named;
-    for (size_t I = 0; I < Readings.size(); ++I) {
-        Terms->push_back(Readings[I].Terms);
-        const Text& Symbol = FPayOffDataList[I]->FSymbol;
-        if (!HasUsableTerms(Readings[I].Terms) && Named.insert(Symbol).second)
-            TLog::Warning("Res_LogLegWithoutData", {Symbol});
-    }
-
+    const auto Reading = ReadLegs();
+    WarnOfUnusable(Reading.Terms);
+    const auto Legs = std::make_shared<const TLegSums>(Reading.Terms);
     if (FDetailControl) {
         // The table takes the same reading; nobody else sees it.
         struct TLend {
-            std::shared_ptr<const TLegTermsList>& Place;
+            std::shared_ptr<const TLegSums>& Place;
             ~TLend() { Place.reset(); }
-        } Lent{FTerms};
-        FTerms = Terms;
+        } Lent{FLegSums};
+        FLegSums = Legs;
         FDetailControl->Calculate();
     }
 
-    if (!Readings.empty()) {
+    if (!Reading.Terms.empty()) {
+        FCurrency = Reading.Currency;
         AddKeyPrice(FDownLimit);
         AddKeyPrice(FUpLimit);
-        for (const auto& Reading : Readings) {
-            if (FCurrency.empty()) FCurrency = Reading.Currency;
-            if (Reading.KeyStrike) AddKeyPrice(*Reading.KeyStrike);
-        }
+        for (const double Strike : Reading.Strikes) AddKeyPrice(Strike);
         FDataList.Sort(*FPriceDataComparer);
-        SumKeyPrices(*Terms);
+        SumKeyPrices(*Legs);
     }
     if (FOnDataUpdate) FOnDataUpdate(this);
+}
+
+// Each symbol once.
+void TCustomVentiqDataControl::WarnOfUnusable(const TLegTermsList& Terms) const {
+    std::set<Text> Named;
+    for (size_t I = 0; I < Terms.size(); ++I) {
+        const Text& Symbol = FPayOffDataList[I]->FSymbol;
+        if (!HasUsableTerms(Terms[I]) && Named.insert(Symbol).second) TLog::Warning("Res_LogLegWithoutData", {Symbol});
+    }
 }
 
 void TCustomVentiqDataControl::AddKeyPrice(double Price) {
@@ -149,14 +153,17 @@ void TCustomVentiqDataControl::AddKeyPrice(double Price) {
     if (FDataDictionary.try_emplace(Key, 0.0).second) FDataList.Add(std::move(Key));
 }
 
-void TCustomVentiqDataControl::SumKeyPrices(const TLegTermsList& Terms) {
+void TCustomVentiqDataControl::SumKeyPrices(const TLegSums& Legs) {
+    std::vector<double> Prices, Sums(FDataList.Items().size());
+    for (const auto& Key : FDataList.Items()) Prices.push_back(TextToFloatDef(Key, 0.0));
+    Legs.At(Prices, Sums);
+
     // Both start at 0: a strategy that only gains or only loses gets no alert line.
     double Max = 0.0, Min = 0.0;
-    for (const auto& Key : FDataList.Items()) {
-        const double Sum = SumPL(Terms, TextToFloatDef(Key, 0.0));
-        Max = std::max(Max, Sum);
-        Min = std::min(Min, Sum);
-        FDataDictionary[Key] = Sum;
+    for (size_t I = 0; I < Sums.size(); ++I) {
+        Max = std::max(Max, Sums[I]);
+        Min = std::min(Min, Sums[I]);
+        FDataDictionary[FDataList.Items()[I]] = Sums[I];
     }
     FShowAlertLine = Max > kPriceTolerance && Min < -kPriceTolerance;
 }

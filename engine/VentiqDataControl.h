@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <unordered_map>
 
 #include "engine/VentiqDetailDataControl.h"
 #include "engine/VentiqPayOffMath.h"
@@ -84,8 +85,8 @@ public:
     // Runs the detail control, then sums the P/L at the range's ends and at every strike; raises OnDataUpdate in any
     // case. A symbol whose market data cannot count is named in the log.
     void Calculate();
-    // Terms of the legs: those of the calculation that runs, else read now.
-    std::shared_ptr<const TLegTermsList> GetLegTerms() const;
+    // The legs' arithmetic: that of the calculation that runs, else of what the market data say now.
+    std::shared_ptr<const TLegSums> GetLegSums() const;
     bool GetPrice(int32_t RecordIndex, double& Price) const;  // false leaves Price alone
     bool GetPL(int32_t RecordIndex, double& PL) const;        // false leaves PL alone
     // -1, 0, 1 by the texts' numbers; closer than 1e-7 is equal, so this is no strict order.
@@ -120,18 +121,19 @@ public:
     const std::map<Text, TCustomSubItem*>& GetSubscribedList() const { return FSubscribedList; }
 
 private:
-    struct TLegReading;
-    std::vector<TLegReading> ReadLegs() const;
+    struct TReading;
+    TReading ReadLegs() const;
+    void WarnOfUnusable(const TLegTermsList& Terms) const;
     void AddKeyPrice(double Price);
-    void SumKeyPrices(const TLegTermsList& Terms);
+    void SumKeyPrices(const TLegSums& Legs);
     void WalkMonthProducts(const std::function<void(TCustomProduct& Product, const Text& MonthCode)>& Visit);
     void ScanStrikes(int& OptionCount, Text& Underlying);
     void Subscribe(const Text& Symbol, TCustomSubItem* Item);
 
     TPayOffDataList FPayOffDataList;
     TPayOffDataList FPayOffOrderDataList;
-    TStringList FDataList;                   // key prices, ascending
-    std::map<Text, double> FDataDictionary;  // key price -> P/L
+    TStringList FDataList;                             // key prices, ascending
+    std::unordered_map<Text, double> FDataDictionary;  // key price -> P/L
     std::vector<std::unique_ptr<TCustomClientOrder>> FOrderList;
     std::shared_ptr<TCustomMonthComparer> FMonthComparer;
     std::shared_ptr<TCustomComparer> FPriceDataComparer;
@@ -147,7 +149,7 @@ private:
     double FDefaultDownPrice = 0.0, FDefaultUpPrice = 0.0, FDefaultInterval = 0.0;
     std::map<Text, TCustomSubItem*> FSubscribedList;  // pending underlyings; items belong to the host
     TNotifyEvent FOnUpdateDefaultPrice;
-    std::shared_ptr<const TLegTermsList> FTerms;  // set while a calculation runs
+    std::shared_ptr<const TLegSums> FLegSums;  // set while a calculation runs
 };
 
 }  // namespace ventiq

@@ -39,7 +39,7 @@ TPriceRows TCustomVentiqDetailDataControl::RowsOfRange() const {
         return {};
     }
     if (Count <= 0.0) return {};
-    return {FDownLimit, FUpLimit, FInterval, static_cast<int32_t>(Count), FMasterControl->GetLegTerms()};
+    return {FDownLimit, FUpLimit, FInterval, static_cast<int32_t>(Count), FMasterControl->GetLegSums()};
 }
 
 int32_t TCustomVentiqDetailDataControl::GetCount() { return FDataList.GetCount(); }

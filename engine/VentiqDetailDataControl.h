@@ -40,6 +40,7 @@ public:
 
     const TPriceSumDictionary& GetDataDictionary() const { return FDataDictionary; }
     const TPriceTextList& GetDataList() const { return FDataList; }
+    const TPriceRows& GetRows() const { return FRows; }  // for readers of many rows; until the next calculation
 
     // Set by the master's SetDetailControl; borrowed, read in Calculate only.
     void SetMasterControl(TCustomVentiqDataControl* Value) { FMasterControl = Value; }

@@ -27,8 +27,7 @@ double FutureBase(const TLegTerms& Leg, double Price) {
 
 // Within the tolerance of the strike an option is out of the money, so that its result there is exactly the premium.
 double OptionBase(const TLegTerms& Leg, double Price) {
-    const bool Known = Leg.CallPut == kCall || Leg.CallPut == kPut;
-    if (!Known || (Leg.Side != kSideBuy && Leg.Side != kSideSell)) return 0.0;
+    if (!IsOptionHeld(Leg)) return 0.0;
     const double Distance = Price - Leg.Strike;
     const double Gain = Leg.CallPut == kCall ? Distance : -Distance;
     const bool InTheMoney = Leg.CallPut == kCall ? Distance > kPayOffTolerance : Distance < -kPayOffTolerance;
@@ -39,7 +38,7 @@ double OptionBase(const TLegTerms& Leg, double Price) {
 }  // namespace
 
 double TCustomPayOffData::CalculatePL(double Price) const {
-    return LegPL(ReadLegTerms(*this, *PriceDataItem(FSymbol)), Price);
+    return LegPL(LegTerms(*this, ReadContractTerms(*PriceDataItem(FSymbol))), Price);
 }
 
 int32_t GetCallPut(const TCustomSubItem& Item) {
@@ -53,17 +52,18 @@ int32_t GetCallPut(const TCustomSubItem& Item) {
     return Code[0] == 'p' || Code[0] == 'P' ? kPut : kCallPutUnknown;
 }
 
-TLegTerms ReadLegTerms(const TCustomPayOffData& Leg, const TCustomSubItem& Item) {
-    TLegTerms Result;
+TContractTerms ReadContractTerms(const TCustomSubItem& Item) {
+    TContractTerms Result;
     Result.ProductType = TextToInt(Item.GetFieldText(kFieldProductType));
     if (!Result.ProductType) return Result;
     Result.Strike = Item.GetFieldValue(kFieldStrike);
     Result.CallPut = GetCallPut(Item);
-    Result.Side = Leg.FSide;
-    Result.Premium = Leg.FPremium;
-    Result.Qty = Leg.FQty;
     if (Item.HasField(kFieldMultiplier)) Result.Multiplier = Item.GetFieldValue(kFieldMultiplier);
     return Result;
+}
+
+TLegTerms LegTerms(const TCustomPayOffData& Leg, const TContractTerms& Contract) {
+    return {Contract, Leg.FSide, Leg.FPremium, Leg.FQty};
 }
 
 double LegPL(const TLegTerms& Leg, double Price) {
@@ -74,10 +74,9 @@ double LegPL(const TLegTerms& Leg, double Price) {
     return (Base * Leg.Qty) * Leg.Multiplier;
 }
 
-double SumPL(const TLegTermsList& Legs, double Price) {
-    double Sum = 0.0;
-    for (const auto& Leg : Legs) Sum += LegPL(Leg, Price);
-    return Sum;
+bool IsOptionHeld(const TLegTerms& Leg) {
+    const bool Known = Leg.CallPut == kCall || Leg.CallPut == kPut;
+    return Leg.ProductType == kProductOption && Known && (Leg.Side == kSideBuy || Leg.Side == kSideSell);
 }
 
 bool HasUsableTerms(const TLegTerms& Leg) {

@@ -30,15 +30,19 @@ public:
 // Owned; list order = order of entry.
 using TPayOffDataList = std::vector<std::unique_ptr<TCustomPayOffData>>;
 
-// What a leg's P/L depends on, read once for a calculation.
-struct TLegTerms {
+// What a leg's P/L takes from the market data.
+struct TContractTerms {
     std::optional<int32_t> ProductType;  // none: unreadable, the leg is worth 0
     double Strike = 0.0;
     int32_t CallPut = -1;
+    double Multiplier = 1.0;
+};
+
+// What a leg's P/L depends on, read once for a calculation.
+struct TLegTerms : TContractTerms {
     int32_t Side = 0;
     double Premium = 0.0;
     double Qty = 0.0;
-    double Multiplier = 1.0;
 };
 using TLegTermsList = std::vector<TLegTerms>;
 
@@ -46,13 +50,14 @@ using TLegTermsList = std::vector<TLegTerms>;
 // letter.
 int32_t GetCallPut(const TCustomSubItem& Item);
 
-TLegTerms ReadLegTerms(const TCustomPayOffData& Leg, const TCustomSubItem& Item);
+TContractTerms ReadContractTerms(const TCustomSubItem& Item);
+TLegTerms LegTerms(const TCustomPayOffData& Leg, const TContractTerms& Contract);
 
 // (base * quantity) * multiplier, in this order: another order changes the last bit.
 double LegPL(const TLegTerms& Leg, double Price);
 
-// The strategy's P/L: the legs' results added in list order.
-double SumPL(const TLegTermsList& Legs, double Price);
+// An option of a known kind that is bought or sold; any other one is worth 0.
+bool IsOptionHeld(const TLegTerms& Leg);
 
 // Whether the market data can make the leg count at any price: a future, or an option whose kind is known.
 bool HasUsableTerms(const TLegTerms& Leg);

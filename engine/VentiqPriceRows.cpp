@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "framework/base/Errors.h"
 #include "framework/base/Numbers.h"
@@ -21,22 +22,41 @@ bool ShareText(double A, double B) {
     return PriceKey(A) == PriceKey(B);
 }
 
+// The first row from Begin on for which Holds, which holds for all behind it; End where there is none.
+template <class THolds>
+int32_t FirstRow(int32_t Begin, int32_t End, THolds Holds) {
+    while (Begin < End) {
+        const int32_t Middle = Begin + (End - Begin) / 2;
+        if (Holds(Middle))
+            End = Middle;
+        else
+            Begin = Middle + 1;
+    }
+    return Begin;
+}
+
 }  // namespace
 
-TPriceRows::TPriceRows(double Down, double Up, double Interval, int32_t Count,
-                       std::shared_ptr<const TLegTermsList> Terms)
-    : FDown(Down), FUp(Up), FInterval(Interval), FCount(Count), FEnd(Count), FTerms(std::move(Terms)) {
+TPriceRows::TPriceRows(double Down, double Up, double Interval, int32_t Count, std::shared_ptr<const TLegSums> Legs)
+    : FDown(Down), FUp(Up), FInterval(Interval), FCount(Count), FEnd(Count), FLegs(std::move(Legs)) {
     // The clamped rows stand at the end of an ascending range and at the beginning of a descending one.
     const bool Ascending = FInterval >= 0.0;
-    int64_t Low = 0, High = FCount;
-    while (Low < High) {
-        const int64_t Middle = (Low + High) / 2;
-        if (IsClamped(Middle) == Ascending)
-            High = Middle;
-        else
-            Low = Middle + 1;
-    }
-    (Ascending ? FEnd : FBegin) = static_cast<int32_t>(Low);
+    const int32_t Edge = FirstRow(0, FCount, [&](int32_t Row) { return IsClamped(Row) == Ascending; });
+    (Ascending ? FEnd : FBegin) = Edge;
+    FindLoneRows();
+}
+
+// Rows that are farther apart than one text reaches, whatever rounding did to them; and, before clamped rows, that are
+// not close to their price.
+void TPriceRows::FindLoneRows() {
+    const double Last = static_cast<double>(FCount - 1);
+    const double Largest = std::max({std::abs(FDown), std::abs(FInterval * Last), std::abs(FDown + FInterval * Last)});
+    const double Rounding = 4.0 * Largest * std::numeric_limits<double>::epsilon();
+    if (!(std::abs(FInterval) - Rounding > kSharedTextSpan)) return;
+    FLoneBegin = FBegin;
+    FLoneEnd = FEnd < FCount
+                   ? FirstRow(FBegin, FEnd, [&](int32_t Row) { return !(RawPrice(Row) < FUp - 2.0 * kSharedTextSpan); })
+                   : FEnd;
 }
 
 double TPriceRows::CountOf(double Down, double Up, double Interval) {
@@ -45,11 +65,47 @@ double TPriceRows::CountOf(double Down, double Up, double Interval) {
     return Quotient - Whole > kPayOffTolerance ? Whole + 2.0 : Whole + 1.0;
 }
 
-bool TPriceRows::IsClamped(int64_t Row) const { return RawPrice(Row) - FUp > kPayOffTolerance; }
+bool TPriceRows::IsClamped(int32_t Row) const { return RawPrice(Row) - FUp > kPayOffTolerance; }
 
 double TPriceRows::PriceAt(int32_t Row) const { return IsClamped(Row) ? FUp : RawPrice(Row); }
 
-double TPriceRows::SumAt(int32_t Row) const { return SumPL(*FTerms, PriceAt(LastRowLike(Row))); }
+double TPriceRows::SumAt(int32_t Row) const {
+    const int32_t First = Row - Row % TBlock::kRows;
+    if (FBlock.First != First) {
+        const auto Count = static_cast<size_t>(std::min(TBlock::kRows, FCount - First));
+        SumsFrom(First, std::span(FBlock.Sums).first(Count));
+        FBlock.First = First;
+    }
+    return FBlock.Sums[static_cast<size_t>(Row - First)];
+}
+
+void TPriceRows::SumsFrom(int32_t First, std::span<double> Sums) const {
+    while (!Sums.empty()) {
+        size_t Done = 0;
+        if (First >= FLoneBegin && First < FLoneEnd) {
+            Done = std::min(Sums.size(), static_cast<size_t>(FLoneEnd - First));
+            LoneSumsFrom(First, Sums.first(Done));
+        } else {
+            const double Price = PriceAt(First), Sum = FLegs->At(PriceAt(LastRowLike(First)));
+            do Sums[Done++] = Sum;
+            while (Done < Sums.size() && ShareText(Price, PriceAt(First + static_cast<int32_t>(Done))));
+        }
+        First += static_cast<int32_t>(Done);
+        Sums = Sums.subspan(Done);
+    }
+}
+
+// In pieces that stay in the processor's nearest cache between the two steps.
+void TPriceRows::LoneSumsFrom(int32_t First, std::span<double> Sums) const {
+    constexpr size_t kPiece = 512;
+    while (!Sums.empty()) {
+        const auto Piece = Sums.first(std::min(kPiece, Sums.size()));
+        for (size_t I = 0; I < Piece.size(); ++I) Piece[I] = RawPrice(First + static_cast<int32_t>(I));
+        FLegs->At(Piece, Piece);
+        First += static_cast<int32_t>(Piece.size());
+        Sums = Sums.subspan(Piece.size());
+    }
+}
 
 int32_t TPriceRows::LastRowLike(int32_t Row) const {
     const double Price = PriceAt(Row);
@@ -72,16 +128,11 @@ int32_t TPriceRows::LastInRun(int32_t Row, int32_t End) const {
 }
 
 std::optional<int32_t> TPriceRows::FindMonotone(const Text& PriceText, double Value) const {
-    int64_t Low = FBegin, High = FEnd;
-    while (Low < High) {
-        const int64_t Middle = (Low + High) / 2;
-        const double Here = TextToFloatDef(PriceKey(PriceAt(static_cast<int32_t>(Middle))), 0.0);
-        if (FInterval >= 0.0 ? Here >= Value : Here <= Value)
-            High = Middle;
-        else
-            Low = Middle + 1;
-    }
-    if (Low < FEnd && PriceKey(PriceAt(static_cast<int32_t>(Low))) == PriceText) return static_cast<int32_t>(Low);
+    const int32_t Row = FirstRow(FBegin, FEnd, [&](int32_t Each) {
+        const double Here = TextToFloatDef(PriceKey(PriceAt(Each)), 0.0);
+        return FInterval >= 0.0 ? Here >= Value : Here <= Value;
+    });
+    if (Row < FEnd && PriceKey(PriceAt(Row)) == PriceText) return Row;
     return std::nullopt;
 }
 

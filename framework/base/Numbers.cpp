@@ -17,14 +17,73 @@ bool IsDigit(char C) { return C >= '0' && C <= '9'; }
 constexpr int kMaxDecimals = 1074;
 constexpr size_t kMaxWholeDigits = 309;
 
-// How many binary places a positive finite double has behind the point; that many decimals write it exactly.
-int FractionBits(double Magnitude) {
-    const auto Bits = std::bit_cast<uint64_t>(Magnitude);
-    const int RawExponent = static_cast<int>(Bits >> 52);
-    uint64_t Mantissa = Bits & ((uint64_t{1} << 52) - 1);
-    if (RawExponent != 0) Mantissa |= uint64_t{1} << 52;
-    const int Exponent = std::max(RawExponent, 1) - 1075;  // value = Mantissa * 2^Exponent
-    return Mantissa == 0 ? 0 : std::max(0, -(Exponent + std::countr_zero(Mantissa)));
+// A finite double that is not negative: Mantissa * 2^Exponent.
+struct TBinary {
+    uint64_t Mantissa;  // below 2^53
+    int Exponent;
+
+    explicit TBinary(double Magnitude) {
+        const auto Bits = std::bit_cast<uint64_t>(Magnitude);
+        const int RawExponent = static_cast<int>(Bits >> 52);
+        Mantissa = Bits & ((uint64_t{1} << 52) - 1);
+        if (RawExponent != 0) Mantissa |= uint64_t{1} << 52;
+        Exponent = std::max(RawExponent, 1) - 1075;
+    }
+
+    // Places behind the binary point; that many decimals write it exactly.
+    int FractionBits() const { return Mantissa == 0 ? 0 : std::max(0, -(Exponent + std::countr_zero(Mantissa))); }
+};
+
+__extension__ using TWide = unsigned __int128;
+
+// 10^8 and below: the product of a mantissa with one of them has fewer than 80 bits.
+constexpr std::array<uint32_t, 9> kPowersOfTen{1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+constexpr int kMaxShift = 81;  // what is shifted by more rounds to 0
+
+// Magnitude * 10^Decimals as a whole number, the exact product rounded half away from zero. None for more than eight
+// decimals, for 2^52 and above, and for what 64 bits do not hold: prices and results never are.
+std::optional<uint64_t> Scaled(double Magnitude, int Decimals) {
+    const TBinary Binary(Magnitude);
+    if (Decimals >= static_cast<int>(kPowersOfTen.size()) || Binary.Exponent >= 0) return std::nullopt;
+    const int Shift = -Binary.Exponent;
+    if (Shift > kMaxShift) return 0;
+    const TWide Product = TWide{Binary.Mantissa} * kPowersOfTen[static_cast<size_t>(Decimals)];
+    const TWide Rounded = (Product + (TWide{1} << (Shift - 1))) >> Shift;
+    if (Rounded >> 64 != 0) return std::nullopt;
+    return static_cast<uint64_t>(Rounded);
+}
+
+// Digits behind the point: Digits / 10^Places.
+struct TBehind {
+    uint64_t Digits, Power;
+    int Places;
+
+    // As many zeros at a time; at least MinPlaces stay.
+    template <int Zeros>
+    void Drop(int MinPlaces) {
+        constexpr auto kStep = kPowersOfTen[Zeros];
+        for (; Places - Zeros >= MinPlaces && Digits % kStep == 0; Places -= Zeros) {
+            Digits /= kStep;
+            Power /= kStep;
+        }
+    }
+};
+
+// Number / 10^Decimals without trailing zeros behind MinDecimals.
+Text ScaledText(uint64_t Number, int Decimals, int MinDecimals) {
+    const uint64_t Power = kPowersOfTen[static_cast<size_t>(Decimals)];
+    TBehind Behind{Number % Power, Power, Decimals};
+    Behind.Drop<4>(MinDecimals);
+    Behind.Drop<1>(MinDecimals);
+    constexpr size_t kDigits = 20;  // of 64 bits
+    std::array<char, 2 * kDigits> Buffer;
+    char* End = std::to_chars(Buffer.data(), Buffer.data() + kDigits, Number / Power).ptr;
+    if (Behind.Places > 0) {  // a 1 before the decimals keeps their leading zeros, and the point takes its place
+        char* const Point = End;
+        End = std::to_chars(Point, Point + kDigits, Behind.Power + Behind.Digits).ptr;
+        *Point = '.';
+    }
+    return Text(Buffer.data(), End);
 }
 
 // Adds one in the last place of a text of digits and at most one point.
@@ -50,8 +109,8 @@ Text FixedText(double Magnitude, int Decimals) {
 // Rounded half away from zero. The library rounds the exact value and differs from that only on ties. With k binary
 // places, Magnitude is m / 2^k with m odd, and Magnitude * 10^d = m * 5^d * 2^(d-k) lies halfway between two whole
 // numbers exactly when k = d + 1: then d + 1 decimals write it exactly and the last of them is a 5.
-Text RoundedText(double Magnitude, int Decimals) {
-    if (FractionBits(Magnitude) != Decimals + 1) return FixedText(Magnitude, Decimals);
+Text RoundedByLibrary(double Magnitude, int Decimals) {
+    if (TBinary(Magnitude).FractionBits() != Decimals + 1) return FixedText(Magnitude, Decimals);
     Text Digits = FixedText(Magnitude, Decimals + 1);
     Digits.pop_back();
     if (Digits.back() == '.') Digits.pop_back();
@@ -65,6 +124,13 @@ void DropTrailingZeros(Text& Digits, int MinDecimals) {
     const size_t Keep = Point + 1 + static_cast<size_t>(MinDecimals);
     while (Digits.size() > Keep && Digits.back() == '0') Digits.pop_back();
     if (Digits.back() == '.') Digits.pop_back();
+}
+
+Text RoundedText(double Magnitude, int MaxDecimals, int MinDecimals) {
+    if (const auto Number = Scaled(Magnitude, MaxDecimals)) return ScaledText(*Number, MaxDecimals, MinDecimals);
+    Text Digits = RoundedByLibrary(Magnitude, MaxDecimals);
+    DropTrailingZeros(Digits, MinDecimals);
+    return Digits;
 }
 
 void InsertGroups(Text& Digits) {
@@ -117,11 +183,10 @@ Text FloatToText(double Value, int MaxDecimals, bool Grouping, int MinDecimals) 
     MaxDecimals = std::clamp(MaxDecimals, 0, kMaxDecimals);
     MinDecimals = std::clamp(MinDecimals, 0, MaxDecimals);
 
-    Text Digits = RoundedText(std::fabs(Value), MaxDecimals);
-    const bool Zero = Digits.find_first_not_of("0.") == Text::npos;
-    DropTrailingZeros(Digits, MinDecimals);
+    Text Digits = RoundedText(std::fabs(Value), MaxDecimals, MinDecimals);
+    const bool Minus = std::signbit(Value) && Digits.find_first_not_of("0.") != Text::npos;
     if (Grouping) InsertGroups(Digits);
-    if (std::signbit(Value) && !Zero) Digits.insert(Digits.begin(), '-');
+    if (Minus) Digits.insert(Digits.begin(), '-');
     return Digits;
 }
 

@@ -96,6 +96,13 @@ void CheckTable(TWorld& World, const TRange& Range) {
         RC_ASSERT(Table.GetDataDictionary().TryGetValue(Key, Sum));
         RC_ASSERT(Bits(Sum) == Bits(Literal.Dictionary.at(Key)));
     }
+    if (Table.GetCount() == 0) return;
+    // Many rows at once, from anywhere on.
+    const int First = Whole(0, Table.GetCount() - 1);
+    std::vector<double> Sums(static_cast<size_t>(Whole(0, Table.GetCount() - First)));
+    Table.GetRows().SumsFrom(First, Sums);
+    for (size_t I = 0; I < Sums.size(); ++I)
+        RC_ASSERT(Bits(Sums[I]) == Bits(Literal.Dictionary.at(Literal.List[static_cast<size_t>(First) + I])));
 }
 
 }  // namespace
@@ -116,6 +123,22 @@ RC_GTEST_PROP(VentiqTableProperty, TinyIntervalsShareTexts, ()) {
     CheckTable(World, {Down, Down + Interval * Real(0, 200), Interval});
 }
 
+RC_GTEST_PROP(VentiqTableProperty, PricesTooLargeForTheirSteps, ()) {
+    const double Around = OneOf({1e8, 1e12, 1e15, -4e15, 9e15});
+    TWorld World(Around, 50);
+    const double Interval = OneOf({0.05, 0.1, 0.3, 1.0});
+    const double Down = Around + Whole(-20, 0);
+    CheckTable(World, {Down, Down + Interval * Whole(0, 200), Interval});
+}
+
+RC_GTEST_PROP(VentiqTableProperty, StepsAsWideAsATextReaches, ()) {
+    const double Around = OneOf({0.0, 1.0, 100.0, -3.0, 20000.0, 5e7});
+    TWorld World(Around, 1e-6);
+    const double Interval = Real(0.9e-8, 3e-8) * (Whole(0, 3) ? 1 : -1);
+    const double Down = Around + Real(-1e-7, 1e-7);
+    CheckTable(World, {Down, Down + Interval * Real(0, 150), Interval});
+}
+
 RC_GTEST_PROP(VentiqTableProperty, LimitsTheWrongWayRound, ()) {
     TWorld World(10, 20);
     const double Down = Real(-20, 20), Interval = Real(0.5, 10);
@@ -132,10 +155,14 @@ RC_GTEST_PROP(VentiqTableProperty, NegativeIntervals, ()) {
 
 RC_GTEST_PROP(VentiqSumProperty, SumsEqualLegByLegToTheLastBit, ()) {
     TWorld World(100, 50);
-    const auto Terms = World.Control.GetLegTerms();
-    for (int I = 0; I < 20; ++I) {
-        const double Price = Real(0, 200);
-        RC_ASSERT(Bits(SumPL(*Terms, Price)) == Bits(World.LiteralSum(Price)));
+    const auto Legs = World.Control.GetLegSums();
+    // Enough for several rounds of the vector registers and a rest, one at a time and all at once.
+    std::vector<double> Prices(static_cast<size_t>(Whole(0, 70))), Sums(Prices.size());
+    for (double& Price : Prices) Price = Real(0, 200);
+    Legs->At(Prices, Sums);
+    for (size_t I = 0; I < Prices.size(); ++I) {
+        RC_ASSERT(Bits(Sums[I]) == Bits(World.LiteralSum(Prices[I])));
+        RC_ASSERT(Bits(Legs->At(Prices[I])) == Bits(Sums[I]));
     }
 }
 

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <unordered_map>
+
+#include "bench/Workload.h"
+
+namespace bench {
+
+// The same results by the rules as they are told: every leg asks for its market data at every price, every row has a
+// text and an entry under that text. It is what the engine is held against, in speed and to the last bit.
+class TLiteralPayoff {
+public:
+    explicit TLiteralPayoff(const TPayoff& Payoff) : FControl(Payoff.Control) {}
+
+    void CalculateTable();
+    void CalculateKeyPrices();
+    size_t GetCount() const { return FList.size(); }
+    const fw::Text& PriceText(size_t Row) const { return FList[Row]; }
+    double SumAt(size_t Row) const { return FDictionary.at(FList[Row]); }
+
+private:
+    double Sum(double Price) const;
+    void Add(double Price);
+
+    const ventiq::TCustomVentiqDataControl& FControl;  // borrowed: range and legs
+    std::vector<fw::Text> FList;
+    std::unordered_map<fw::Text, double> FDictionary;
+};
+
+// As CalculateAndReadPage and CalculateAndReadTexts; by nature both calculate every row.
+double CalculateAndReadPage(TPayoff& Payoff, TLiteralPayoff& Literal);
+double CalculateAndReadTexts(TPayoff& Payoff, TLiteralPayoff& Literal);
+
+// Rows of a calculated engine that differ from a calculated literal table, in text or in any bit of the P/L.
+int64_t CountDifferences(TPayoff& Payoff, const TLiteralPayoff& Literal);
+
+}  // namespace bench
