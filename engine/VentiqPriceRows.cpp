@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "framework/base/Errors.h"
 #include "framework/base/Numbers.h"
@@ -46,13 +45,10 @@ TPriceRows::TPriceRows(double Down, double Up, double Interval, int32_t Count, s
     FindLoneRows();
 }
 
-// Rows that are farther apart than one text reaches, whatever rounding did to them; and, before clamped rows, that are
-// not close to their price.
+// Rows that are farther apart than one text reaches and, before clamped rows, not close to their price. Where prices
+// are so large that rounding brings neighbours together, it makes them equal, and then their sums are equal, too.
 void TPriceRows::FindLoneRows() {
-    const double Last = static_cast<double>(FCount - 1);
-    const double Largest = std::max({std::abs(FDown), std::abs(FInterval * Last), std::abs(FDown + FInterval * Last)});
-    const double Rounding = 4.0 * Largest * std::numeric_limits<double>::epsilon();
-    if (!(std::abs(FInterval) - Rounding > kSharedTextSpan)) return;
+    if (std::abs(FInterval) <= kSharedTextSpan) return;
     FLoneBegin = FBegin;
     FLoneEnd = FEnd < FCount
                    ? FirstRow(FBegin, FEnd, [&](int32_t Row) { return !(RawPrice(Row) < FUp - 2.0 * kSharedTextSpan); })

@@ -50,7 +50,7 @@ private:
     double FDown = 0.0, FUp = 0.0, FInterval = 0.0;
     int32_t FCount = 0;
     int32_t FBegin = 0, FEnd = 0;          // the monotone part; the rest is clamped
-    int32_t FLoneBegin = 0, FLoneEnd = 0;  // in it: rows that share their text with none behind them
+    int32_t FLoneBegin = 0, FLoneEnd = 0;  // in it: rows whose sum is that of their own price
     std::shared_ptr<const TLegSums> FLegs;
     mutable TBlock FBlock;  // the one that was looked at last
 };
