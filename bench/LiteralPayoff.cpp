@@ -18,9 +18,16 @@ double TLiteralPayoff::Sum(double Price) const {
     return Result;
 }
 
-void TLiteralPayoff::CalculateTable() {
+void TLiteralPayoff::Calculate() {
     FList.clear();
     FDictionary.clear();
+    if (FHasTable)
+        CalculateTable();
+    else
+        CalculateKeyPrices();
+}
+
+void TLiteralPayoff::CalculateTable() {
     const double Down = FControl.GetDownLimit(), Up = FControl.GetUpLimit(), Interval = FControl.GetInterval();
     double Whole = 0.0;
     const double Fraction = std::modf((Up - Down) / Interval, &Whole);
@@ -39,8 +46,6 @@ void TLiteralPayoff::Add(double Price) {
 }
 
 void TLiteralPayoff::CalculateKeyPrices() {
-    FList.clear();
-    FDictionary.clear();
     Add(FControl.GetDownLimit());
     Add(FControl.GetUpLimit());
     for (const auto& Leg : FControl.GetPayOffData()) {
@@ -63,10 +68,7 @@ double Read(const TLiteralPayoff& Literal, size_t First, size_t Count) {
 
 void Calculate(TPayoff& Payoff, TLiteralPayoff& Literal) {
     if (Payoff.Workload.EditsPremium) Payoff.EnterLegs(kEdit);
-    if (Payoff.Workload.HasTable)
-        Literal.CalculateTable();
-    else
-        Literal.CalculateKeyPrices();
+    Literal.Calculate();
 }
 
 }  // namespace
@@ -82,7 +84,10 @@ double CalculateAndReadTexts(TPayoff& Payoff, TLiteralPayoff& Literal) {
     return Read(Literal, 0, Literal.GetCount());
 }
 
-int64_t CountDifferences(TPayoff& Payoff, const TLiteralPayoff& Literal) {
+int64_t CountDifferences(TPayoff& Payoff) {
+    TLiteralPayoff Literal(Payoff);
+    Literal.Calculate();
+    Payoff.Control.Calculate();
     const int64_t Count = Payoff.GetRowCount();
     if (Count != static_cast<int64_t>(Literal.GetCount())) return std::max<int64_t>(Count, 1);
     int64_t Differences = 0;

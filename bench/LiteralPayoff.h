@@ -11,19 +11,21 @@ namespace bench {
 // text and an entry under that text. It is what the engine is held against, in speed and to the last bit.
 class TLiteralPayoff {
 public:
-    explicit TLiteralPayoff(const TPayoff& Payoff) : FControl(Payoff.Control) {}
+    explicit TLiteralPayoff(const TPayoff& Payoff) : FControl(Payoff.Control), FHasTable(Payoff.Workload.HasTable) {}
 
-    void CalculateTable();
-    void CalculateKeyPrices();
+    void Calculate();  // the table, or the key prices where the workload has no table
     size_t GetCount() const { return FList.size(); }
     const fw::Text& PriceText(size_t Row) const { return FList[Row]; }
     double SumAt(size_t Row) const { return FDictionary.at(FList[Row]); }
 
 private:
+    void CalculateTable();
+    void CalculateKeyPrices();
     double Sum(double Price) const;
     void Add(double Price);
 
     const ventiq::TCustomVentiqDataControl& FControl;  // borrowed: range and legs
+    const bool FHasTable;
     std::vector<fw::Text> FList;
     std::unordered_map<fw::Text, double> FDictionary;
 };
@@ -32,7 +34,7 @@ private:
 double CalculateAndReadPage(TPayoff& Payoff, TLiteralPayoff& Literal);
 double CalculateAndReadTexts(TPayoff& Payoff, TLiteralPayoff& Literal);
 
-// Rows of a calculated engine that differ from a calculated literal table, in text or in any bit of the P/L.
-int64_t CountDifferences(TPayoff& Payoff, const TLiteralPayoff& Literal);
+// Calculates both ways: the rows that differ, in text or in any bit of the P/L.
+int64_t CountDifferences(TPayoff& Payoff);
 
 }  // namespace bench

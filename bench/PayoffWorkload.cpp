@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // One workload, one JSON line, so that another program's result can be put beside it:
 //   payoff_workload W1..W6 [engine|literal] [page|texts|sums]
+//   payoff_workload check   holds the engine's rows against the literal ones, to the last bit; status 1 where they
+//   differ
 // A round calculates and then reads: page, 50 rows in the middle with their texts (of W4 all key prices); texts, every
 // row with its text; sums, every P/L. checksum: the sum of every P/L that one round reads. growth_kb: by how much the
 // program's memory grew from before the first round to after the last one.
@@ -64,14 +66,28 @@ constexpr TReading kReadings[] = {{"page", CalculateAndReadPage, CalculateAndRea
                                   {"sums", CalculateAndReadSums, nullptr}};
 
 int Usage() {
-    std::fputs("payoff_workload W1..W6 [engine|literal] [page|texts|sums]\n", stderr);
+    std::fputs("payoff_workload W1..W6 [engine|literal] [page|texts|sums]\npayoff_workload check\n", stderr);
     for (const auto& Each : Workloads()) std::fprintf(stderr, "  %s  %s\n", Each.Name.data(), Each.What.data());
     return 2;
+}
+
+int Check() {
+    int64_t All = 0;
+    for (const auto& Each : Workloads()) {
+        if (!Each.FitsInMemory) continue;
+        TPayoff Payoff(Each);
+        const int64_t Differences = CountDifferences(Payoff);
+        std::printf("%s: %lld of %lld rows differ\n", Each.Name.data(), static_cast<long long>(Differences),
+                    static_cast<long long>(Payoff.GetRowCount()));
+        All += Differences;
+    }
+    return All == 0 ? 0 : 1;
 }
 
 }  // namespace
 
 int main(int Count, char** Arguments) {
+    if (Count == 2 && std::string_view(Arguments[1]) == "check") return Check();
     const auto* Workload = Count > 1 ? FindWorkload(Arguments[1]) : nullptr;
     const std::string Way = Count > 2 ? Arguments[2] : "engine", Read = Count > 3 ? Arguments[3] : "page";
     const auto* Reading = std::find_if(std::begin(kReadings), std::end(kReadings),

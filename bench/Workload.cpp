@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <numeric>
 
-#include <benchmark/benchmark.h>
-
 #include "framework/base/Numbers.h"
 
 namespace bench {
@@ -88,11 +86,13 @@ int64_t TPayoff::GetRowCount() { return Workload.HasTable ? Detail.GetCount() : 
 
 namespace {
 
+// The compiler takes the text for used.
+void Keep(const fw::Text& Text) { asm volatile("" : : "r"(Text.data()) : "memory"); }
+
 double ReadTexts(TPayoff& Payoff, int32_t First, int32_t Count) {
     double Sum = 0.0;
     for (int32_t Row = First; Row < First + Count; ++Row) {
-        auto Text = Payoff.Detail.GetDataList().At(Row);
-        benchmark::DoNotOptimize(Text);
+        Keep(Payoff.Detail.GetDataList().At(Row));
         Sum += Payoff.Detail.GetRows().SumAt(Row);
     }
     return Sum;
