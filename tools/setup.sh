@@ -4,24 +4,25 @@
 
 say() { printf '%s\n' "$*" >&2; }
 
-# Names in tools/packages.txt that dpkg does not know as installed.
+# missing_packages [NAME...]: names in tools/packages.txt, and these, that dpkg does not know as installed.
 missing_packages() {
   local wanted
-  wanted=$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$top/tools/packages.txt")
+  wanted="$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$top/tools/packages.txt") $*"
   dpkg-query -W -f '${Package} ${db:Status-Status}\n' $wanted 2>/dev/null |
     awk -v wanted="$wanted" '
       $2 == "installed" { have[$1] = 1 }
       END { n = split(wanted, name, /[[:space:]]+/); for (i = 1; i <= n; i++) if (!(name[i] in have)) print name[i] }' || true
 }
 
-# Installs through apt as root or through sudo. Without either: the exact command for a person, and the end.
+# install_packages [NAME...]: through apt as root or through sudo. Without either: the exact command for a person, and the
+# end. NAME: what this job needs beyond tools/packages.txt.
 install_packages() {
   if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     say "This is no Debian system: packages are not installed here. The list to find by hand is tools/packages.txt."
     return 0
   fi
   local missing log as_root=()
-  missing=$(missing_packages | tr '\n' ' ')
+  missing=$(missing_packages "$@" | tr '\n' ' ')
   missing=${missing% }
   [ -n "$missing" ] || return 0
   if [ "$(id -u)" != 0 ]; then

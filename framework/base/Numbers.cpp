@@ -53,37 +53,59 @@ std::optional<uint64_t> Scaled(double Magnitude, int Decimals) {
     return static_cast<uint64_t>(Rounded);
 }
 
+// "00" to "99", one behind the other.
+constexpr auto kPairs = [] {
+    std::array<char, 200> Result{};
+    for (size_t I = 0; I < Result.size(); ++I) Result[I] = static_cast<char>('0' + (I % 2 == 0 ? I / 20 : I / 2 % 10));
+    return Result;
+}();
+
+char* WritePair(char* To, uint64_t Pair) {
+    *--To = kPairs[Pair * 2 + 1];
+    *--To = kPairs[Pair * 2];
+    return To;
+}
+
+// Backwards: the digits of Number end before To. Returns where they begin.
+char* WriteWhole(char* To, uint64_t Number) {
+    for (; Number >= 100; Number /= 100) To = WritePair(To, Number % 100);
+    if (Number >= 10) return WritePair(To, Number);
+    *--To = static_cast<char>('0' + Number);
+    return To;
+}
+
+// The same with leading zeros up to as many digits as Places.
+char* WritePlaces(char* To, uint64_t Number, int Places) {
+    for (; Places >= 2; Places -= 2, Number /= 100) To = WritePair(To, Number % 100);
+    if (Places > 0) *--To = static_cast<char>('0' + Number);
+    return To;
+}
+
 // Digits behind the point: Digits / 10^Places.
 struct TBehind {
-    uint64_t Digits, Power;
+    uint64_t Digits;
     int Places;
 
     // As many zeros at a time; at least MinPlaces stay.
     template <int Zeros>
     void Drop(int MinPlaces) {
         constexpr auto kStep = kPowersOfTen[Zeros];
-        for (; Places - Zeros >= MinPlaces && Digits % kStep == 0; Places -= Zeros) {
-            Digits /= kStep;
-            Power /= kStep;
-        }
+        for (; Places - Zeros >= MinPlaces && Digits % kStep == 0; Places -= Zeros) Digits /= kStep;
     }
 };
 
 // Number / 10^Decimals without trailing zeros behind MinDecimals.
 Text ScaledText(uint64_t Number, int Decimals, int MinDecimals) {
     const uint64_t Power = kPowersOfTen[static_cast<size_t>(Decimals)];
-    TBehind Behind{Number % Power, Power, Decimals};
+    TBehind Behind{Number % Power, Decimals};
     Behind.Drop<4>(MinDecimals);
     Behind.Drop<1>(MinDecimals);
-    constexpr size_t kDigits = 20;  // of 64 bits
-    std::array<char, 2 * kDigits> Buffer;
-    char* End = std::to_chars(Buffer.data(), Buffer.data() + kDigits, Number / Power).ptr;
-    if (Behind.Places > 0) {  // a 1 before the decimals keeps their leading zeros, and the point takes its place
-        char* const Point = End;
-        End = std::to_chars(Point, Point + kDigits, Behind.Power + Behind.Digits).ptr;
-        *Point = '.';
-    }
-    return Text(Buffer.data(), End);
+    std::array<char, 32> Buffer;  // 64 bits have 20 digits
+    char* const End = Buffer.data() + Buffer.size();
+    char* Begin = WritePlaces(End, Behind.Digits, Behind.Places);
+    if (Behind.Places > 0) *--Begin = '.';
+    Begin = WriteWhole(Begin, Number / Power);
+    return Text(Begin, End);
 }
 
 // Adds one in the last place of a text of digits and at most one point.
