@@ -49,8 +49,10 @@ QRect TWindowedGridRenderer::HeaderRect(int Column) const {
 }
 
 QRect TWindowedGridRenderer::CellRect(int Row, int Column) const {
+    const int64_t Line = static_cast<int64_t>(Row) - GetTopRow();
+    if (Line < 0 || Line > GetFullRows()) return {};
     const QRect Header = HeaderRect(Column);
-    return {Header.left(), HeaderHeight() + (Row - GetTopRow()) * RowHeight(), Header.width(), RowHeight()};
+    return {Header.left(), HeaderHeight() + static_cast<int>(Line) * RowHeight(), Header.width(), RowHeight()};
 }
 
 bool TWindowedGridRenderer::viewportEvent(QEvent* Event) {
