@@ -50,7 +50,7 @@ QRect TWindowedGridRenderer::HeadRect(int Column) const { return HeaderRect(Colu
 
 std::vector<int> TWindowedGridRenderer::SeenRows() const {
     std::vector<int> Result;
-    const int64_t First = GetTopRow(), End = std::min<int64_t>(GetRowCount(), First + GetFullRows() + 1);
+    const int64_t First = GetTopRow(), End = std::min<int64_t>(GetRowCount(), First + SeenLines());
     for (int64_t Row = First; Row < End; ++Row) Result.push_back(static_cast<int>(Row));
     return Result;
 }

@@ -50,7 +50,7 @@ QRect TWindowedGridRenderer::HeaderRect(int Column) const {
 
 QRect TWindowedGridRenderer::CellRect(int Row, int Column) const {
     const int64_t Line = static_cast<int64_t>(Row) - GetTopRow();
-    if (Line < 0 || Line > GetFullRows()) return {};
+    if (Line < 0 || Line >= SeenLines()) return {};
     const QRect Header = HeaderRect(Column);
     return {Header.left(), HeaderHeight() + static_cast<int>(Line) * RowHeight(), Header.width(), RowHeight()};
 }

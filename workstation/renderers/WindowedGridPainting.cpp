@@ -152,7 +152,7 @@ void TWindowedGridRenderer::paintEvent(QPaintEvent* Event) {
     if (Event->rect().top() < In.HeaderHeight) PaintHeader(In);
     const int Count = GetRowCount();
     if (Count == 0) {
-        Painter.setPen(FContext.Color("coBorder"));
+        Painter.setPen(palette().color(QPalette::Text));
         Painter.drawText(viewport()->rect().adjusted(0, In.HeaderHeight, 0, 0), Qt::AlignCenter,
                          ToQt(FView->Options.NoDataText));
     }

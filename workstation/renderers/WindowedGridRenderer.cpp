@@ -53,6 +53,10 @@ int TWindowedGridRenderer::GetFullRows() const {
     return std::max(1, (viewport()->height() - HeaderHeight()) / RowHeight());
 }
 
+int TWindowedGridRenderer::SeenLines() const {
+    return (std::max(0, viewport()->height() - HeaderHeight()) + RowHeight() - 1) / RowHeight();
+}
+
 int TWindowedGridRenderer::RowAt(int Y) const {
     if (Y < HeaderHeight()) return -1;
     const int64_t Row = static_cast<int64_t>(GetTopRow()) + (Y - HeaderHeight()) / RowHeight();
@@ -93,7 +97,7 @@ void TWindowedGridRenderer::scrollContentsBy(int, int Rows) {
 void TWindowedGridRenderer::UpdateRows(int First, int Last) {
     const int64_t Top = GetTopRow();
     const auto From = static_cast<int>(std::max<int64_t>(First - Top, 0));
-    const auto To = static_cast<int>(std::min<int64_t>(Last - Top, GetFullRows()));
+    const auto To = static_cast<int>(std::min<int64_t>(Last - Top, SeenLines() - 1));
     if (From <= To)
         viewport()->update(0, HeaderHeight() + From * RowHeight(), viewport()->width(), (To - From + 1) * RowHeight());
 }

@@ -66,6 +66,7 @@ private:
     void UpdateScrollBar();
     int HeaderHeight() const;
     int RowHeight() const;
+    int SeenLines() const;  // places for rows of which something can be seen
     void UpdateRows(int First, int Last);
     void UpdateSelection();
     void PaintHeader(const TPainting& In) const;
