@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the long table asks its data control for, and that all of its rows are within reach.
-#include <QScreen>
 #include <QStyleOptionSlider>
 
 #include "tests/gui/AccessibleTest.h"
@@ -18,7 +17,7 @@ protected:
 TEST_F(WindowedGridCounts, OpeningAsksForTheSeenCellsOnceWhateverTheNumberOfRows) {
     for (const int32_t Count : {10, 1'000, 1'000'001, kMostRows}) {
         SCOPED_TRACE(Count);
-        TLongTable Table(Count);
+        TOpenTable Table(Count);
         EXPECT_EQ(Table.Widget->GetRowCount(), Count);
         const int Seen = Table.SeenRows();
         const int Full = Table.Widget->GetFullRows();
@@ -35,7 +34,7 @@ TEST_F(WindowedGridCounts, OpeningAsksForTheSeenCellsOnceWhateverTheNumberOfRows
 TEST_F(WindowedGridCounts, AStepAsksForTheRowsThatComeIntoSight) {
     for (const int32_t Count : {1'000, kMostRows}) {
         SCOPED_TRACE(Count);
-        TLongTable Table(Count);
+        TOpenTable Table(Count);
         const int Page = Table.Widget->GetFullRows(), Seen = Table.SeenRows();
         const struct {
             const char* Name;
@@ -65,7 +64,7 @@ TEST_F(WindowedGridCounts, AStepAsksForTheRowsThatComeIntoSight) {
 }
 
 TEST_F(WindowedGridCounts, KeysReachBothEndsAndSelectRangesNotRows) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     const int Page = Table.Widget->GetFullRows(), Last = kMostRows - 1;
     const struct {
         Qt::Key Key;
@@ -103,7 +102,7 @@ TEST_F(WindowedGridCounts, KeysReachBothEndsAndSelectRangesNotRows) {
 }
 
 TEST_F(WindowedGridCounts, TheCursorPaintsTheRowsThatItLeavesAndTakes) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     Table.Press(Qt::Key_Down);
     Table.Data().Forget();
     Table.Press(Qt::Key_Down);
@@ -112,7 +111,7 @@ TEST_F(WindowedGridCounts, TheCursorPaintsTheRowsThatItLeavesAndTakes) {
 }
 
 TEST_F(WindowedGridCounts, TheMouseReachesTheLastRow) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     QStyleOptionSlider Option;
     Option.initFrom(&Table.Bar());
     Option.orientation = Qt::Vertical;
@@ -126,7 +125,7 @@ TEST_F(WindowedGridCounts, TheMouseReachesTheLastRow) {
     QTest::mousePress(&Table.Bar(), Qt::LeftButton, {}, Thumb);
     QTest::mouseMove(&Table.Bar(), QPoint(Thumb.x(), Table.Bar().height() - 1));
     QTest::mouseRelease(&Table.Bar(), Qt::LeftButton, {}, QPoint(Thumb.x(), Table.Bar().height() - 1));
-    TLongTable::Paint();
+    TOpenTable::Paint();
     const int Page = Table.Widget->GetFullRows();
     EXPECT_EQ(Table.Widget->GetTopRow(), kMostRows - Page);
     EXPECT_LE(Table.Data().Texts, 2 * kTableColumns * (Page + 1));
@@ -144,12 +143,12 @@ TEST_F(WindowedGridCounts, TheMouseReachesTheLastRow) {
 }
 
 TEST_F(WindowedGridCounts, TheWheelStopsAtTheLastRow) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     const auto Turn = [&](int Notches) {
         QWheelEvent Wheel(QPointF(5, 50), Table.Widget->mapToGlobal(QPointF(5, 50)), {}, QPoint(0, 120 * Notches),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(Table.Widget->viewport(), &Wheel);
-        TLongTable::Paint();
+        TOpenTable::Paint();
     };
     Table.Scroll(kMostRows - Table.Widget->GetFullRows() - 4);
     Turn(-1);
@@ -162,7 +161,7 @@ TEST_F(WindowedGridCounts, TheWheelStopsAtTheLastRow) {
 }
 
 TEST_F(WindowedGridCounts, ThreeRowsAtTheEndAreCopiedByAskingForThemAlone) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     fw::Text Copied;
     Table.Context.OnCopyRows = [&](fw::TGridTableView& View, int First, int Last) {
         for (int64_t Row = First; Row <= Last; ++Row)
@@ -184,7 +183,7 @@ TEST_F(WindowedGridCounts, ThreeRowsAtTheEndAreCopiedByAskingForThemAlone) {
 }
 
 TEST_F(WindowedGridCounts, ACaptionThatDoesNotSortAsksForNothing) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     Table.Data().Forget();
     QTest::mouseClick(Table.Widget->viewport(), Qt::LeftButton, {}, Table.Widget->HeaderRect(0).center());
     EXPECT_EQ(Table.Data().Values + Table.Data().Texts, 0);
@@ -192,7 +191,7 @@ TEST_F(WindowedGridCounts, ACaptionThatDoesNotSortAsksForNothing) {
 }
 
 TEST_F(WindowedGridCounts, TheLastRowIsShownAndReadAloud) {
-    TLongTable Table(kMostRows);
+    TOpenTable Table(kMostRows);
     Table.Press(Qt::Key_End);
     QAccessibleInterface& Reader = TScreenReader::Of(*Table.Widget);
     QAccessibleTableInterface& Cells = TScreenReader::TableOf(*Table.Widget);
@@ -210,43 +209,8 @@ TEST_F(WindowedGridCounts, TheLastRowIsShownAndReadAloud) {
     Table.Press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(Cells.selectedRowCount(), Table.Widget->GetFullRows()) << "of the rows that are seen";
     EXPECT_TRUE(Cells.isRowSelected(0));
-    TLongTable Short(1'000);
+    TOpenTable Short(1'000);
     EXPECT_EQ(Reader.childCount(), TScreenReader::Of(*Short.Widget).childCount());
-}
-
-// Rows are moved on the screen, not painted again: what is seen has to be what a whole painting shows.
-TEST_F(WindowedGridCounts, WhatIsSeenAfterStepsIsWhatAWholePaintingShows) {
-    TLongTable Table(kMostRows);
-    const auto IsSame = [&] {
-        const QImage Seen = Table.Widget->screen()->grabWindow(Table.Widget->winId(), 0, 0, -1, -1).toImage();
-        const QImage Whole = Table.Widget->grab().toImage();
-        return Seen.convertToFormat(QImage::Format_RGB32) == Whole.convertToFormat(QImage::Format_RGB32);
-    };
-    EXPECT_TRUE(IsSame()) << "opened";
-    const struct {
-        Qt::Key Key;
-        int Times;
-        Qt::KeyboardModifiers Modifiers = {};
-    } Keys[] = {{Qt::Key_Down, 3},     {Qt::Key_Down, 50}, {Qt::Key_Down, 2, Qt::ShiftModifier}, {Qt::Key_Up, 45},
-                {Qt::Key_PageDown, 2}, {Qt::Key_End, 1},   {Qt::Key_Up, 40, Qt::ShiftModifier},  {Qt::Key_Home, 1}};
-    for (const auto& Each : Keys) {
-        SCOPED_TRACE(&Each - Keys);
-        for (int i = 0; i < Each.Times; ++i) Table.Press(Each.Key, Each.Modifiers);
-        EXPECT_TRUE(IsSame()) << "each step painted";
-        for (int i = 0; i < 5; ++i) QTest::keyClick(Table.Widget.get(), Each.Key, Each.Modifiers);
-        Table.Bar().setValue(Table.Bar().value() + 2);
-        TLongTable::Paint();
-        EXPECT_TRUE(IsSame()) << "several steps painted at once";
-    }
-    Table.Widget->clearFocus();
-    TLongTable::Paint();
-    EXPECT_TRUE(IsSame()) << "without the focus";
-    Table.Press(Qt::Key_End);
-    Table.Widget->resize(220, 333);
-    TLongTable::Paint();
-    EXPECT_TRUE(IsSame()) << "smaller";
-    Table.Fill(7);
-    EXPECT_TRUE(IsSame()) << "fewer rows";
 }
 
 }  // namespace gui

@@ -40,9 +40,9 @@ public:
 };
 
 // A table over counted rows, in a window of its own: a column of prices and one of profit and loss.
-class TLongTable {
+class TOpenTable {
 public:
-    TLongTable() {
+    TOpenTable() {
         View.Options.ColumnAutoWidth = View.Options.CellEndEllipsis = true;
         for (const int Tag : {fw::kColumnPrice, fw::kColumnProfitLoss}) {
             fw::TGridColumn& Column = View.CreateColumn();
@@ -53,7 +53,7 @@ public:
         View.SetCustomDataSource(&Source);
         Context.SetSkin("Light");
     }
-    explicit TLongTable(int32_t Count) : TLongTable() { Open(Count); }
+    explicit TOpenTable(int32_t Count) : TOpenTable() { Open(Count); }
 
     void Open(int32_t Count) {
         Data().Count = Count;
