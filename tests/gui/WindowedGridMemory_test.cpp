@@ -57,6 +57,7 @@ TUse UseOf(int32_t Count) {
     Table.Scroll(Table.Bar().maximum() / 2);
     Table.Press(Qt::Key_A, Qt::ControlModifier);
     Table.Fill(Count);
+    Table.Selection().Clear();
     QAccessibleInterface& Reader = TScreenReader::Of(*Table.Widget);
     for (int i = 0; i < Reader.childCount(); ++i) (void)Reader.child(i)->text(QAccessible::Name);
     (void)TScreenReader::TableOf(*Table.Widget).selectedRows();
