@@ -135,8 +135,12 @@ public:
         : FContext(Context), FReps(Reps), FOnly(std::move(Only)) {}
 
     void Of(TTable& Table, QSize Size) {
-        for (const int32_t Rows : kRowCounts) {
+        Table.Fill(kRowCounts[0]);
+        {
+            const auto Opened = Open(Table, Size);  // the picture of the window is no row's
             FResident = ResidentKb();
+        }
+        for (const int32_t Rows : kRowCounts) {
             Table.Fill(Rows);
             if (Table.View().GetDataController().GetRecordCount() != Rows)
                 throw std::runtime_error("the table has another number of rows");
@@ -217,7 +221,7 @@ private:
     ws::TRenderContext& FContext;
     int FReps;
     std::string FOnly;
-    int64_t FResident = 0;  // before the table took its rows
+    int64_t FResident = 0;  // while the table of the fewest rows is open
 };
 
 }  // namespace
