@@ -206,7 +206,10 @@ TEST_F(WindowedGridCounts, TheLastRowIsShownAndReadAloud) {
     EXPECT_EQ(Table.Widget->RowAt(Middle.y()), kMostRows - 1);
     EXPECT_EQ(Reader.focusChild(), Last);
     EXPECT_EQ(Table.Data().Rows, (std::set<int32_t>{kMostRows - 1}));
+    Table.Press(Qt::Key_Up);
+    const TScreenReader Screen;
     Table.Press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(Screen.HasHeard(QAccessible::Focus, "2147483646")) << "the current row is the last now";
     EXPECT_EQ(Cells.selectedRowCount(), Table.Widget->GetFullRows()) << "of the rows that are seen";
     EXPECT_TRUE(Cells.isRowSelected(0));
     TOpenTable Short(1'000);

@@ -80,7 +80,10 @@ void TWindowedGridRenderer::changeEvent(QEvent* Event) {
 void TWindowedGridRenderer::keyPressEvent(QKeyEvent* Event) {
     if (Event->matches(QKeySequence::Copy)) return CopyRows();
     if (!FView) return;
-    if (Event->matches(QKeySequence::SelectAll)) return FView->GetSelection().SelectAll();
+    if (Event->matches(QKeySequence::SelectAll)) {
+        FView->GetSelection().SelectAll();
+        return TellCurrentCell(*this);
+    }
     const int Current = GetCurrentRow();
     const int64_t Page = GetFullRows(), From = std::max(Current, 0);
     const bool Extend = Event->modifiers() & Qt::ShiftModifier;

@@ -35,7 +35,7 @@ void DrawSign(QPainter& Painter, const QRect& Box, double Value, const QColor& C
 }  // namespace
 
 // What the cells of one painting share, measured once. Lines are filled rectangles: the toolkit strokes a line pixel by
-// pixel.
+// pixel, and most of the time went there.
 struct TWindowedGridRenderer::TPainting {
     QPainter& Painter;
     std::vector<int> Widths;
@@ -117,6 +117,16 @@ void TWindowedGridRenderer::PaintCell(const TPainting& In, int Row, int Column, 
     if (Bold) Painter.setFont(font());
 }
 
+// Within its place on every screen: a pen's line is centred on the edge, and where a pixel is several dots half of it
+// would be left on the next row.
+void TWindowedGridRenderer::PaintFrame(QPainter& Painter, const QRect& Place) const {
+    const QColor Color = FContext.Color("coAccent");
+    Painter.fillRect(Place.left(), Place.top(), Place.width(), 1, Color);
+    Painter.fillRect(Place.left(), Place.bottom(), Place.width(), 1, Color);
+    Painter.fillRect(Place.left(), Place.top(), 1, Place.height(), Color);
+    Painter.fillRect(Place.right(), Place.top(), 1, Place.height(), Color);
+}
+
 void TWindowedGridRenderer::PaintRow(const TPainting& In, int Row, int Y) const {
     QPainter& Painter = In.Painter;
     if (FView->GetSelection().Contains(Row)) Painter.fillRect(0, Y, In.Width, In.RowHeight, In.Selected);
@@ -129,10 +139,7 @@ void TWindowedGridRenderer::PaintRow(const TPainting& In, int Row, int Y) const 
         Painter.fillRect(Cell.right(), Y, 1, In.RowHeight, In.Line);
     }
     Painter.fillRect(0, Y + In.RowHeight - 1, In.Width, 1, In.Line);
-    if (Row == GetCurrentRow() && hasFocus()) {
-        Painter.setPen(FContext.Color("coAccent"));
-        Painter.drawRect(0, Y, In.Width - 1, In.RowHeight - 2);
-    }
+    if (Row == GetCurrentRow() && hasFocus()) PaintFrame(Painter, QRect(0, Y, In.Width, In.RowHeight - 1));
 }
 
 void TWindowedGridRenderer::paintEvent(QPaintEvent* Event) {

@@ -73,6 +73,7 @@ private:
     void PaintArrow(QPainter& Painter, QRect& Room, int Column) const;
     void PaintRow(const TPainting& In, int Row, int Y) const;
     void PaintCell(const TPainting& In, int Row, int Column, const QRect& Cell) const;
+    void PaintFrame(QPainter& Painter, const QRect& Place) const;
     QString CellText(int Row, int Column) const;
     int ColumnAt(int X) const;
     void SetCurrent(int64_t Row, bool Extend);
