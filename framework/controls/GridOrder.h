@@ -7,6 +7,9 @@
 
 namespace fw {
 
+// A table with more records is not sorted: the value of each would be asked for and held.
+inline constexpr int kMostSorted = 1'000'000;
+
 enum class ESortOrder { None, Ascending, Descending };
 
 // In which order a table shows the records of its data control: by the values of one attribute, numbers as numbers,

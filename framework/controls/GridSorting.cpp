@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Order, selection and activation of a bound table view.
+#include "framework/base/Log.h"
+#include "framework/base/NumberFormat.h"
 #include "framework/controls/GridTableView.h"
 
 namespace fw {
@@ -29,7 +31,14 @@ int TGridTableView::GetSortedColumn() const { return FSortedBy ? FSortedBy->GetI
 void TGridTableView::SortRecords() {
     FOrder.Clear();
     TCustomDataControl* Control = GetDataControl();
-    if (Control && FSortedBy) Dispatch(EventName("Sort"), [&] { FOrder.Sort(*Control, FSortedBy->Tag, FSortOrder); });
+    if (!Control || !FSortedBy) return;
+    if (const int Count = FData.GetRecordCount(); Count > kMostSorted) {
+        TLog::Warning("Res_LogNotSorted", {FormatNumber(Count, 0, true), FormatNumber(kMostSorted, 0, true)});
+        FSortedBy = nullptr;
+        FSortOrder = ESortOrder::None;
+        return;
+    }
+    Dispatch(EventName("Sort"), [&] { FOrder.Sort(*Control, FSortedBy->Tag, FSortOrder); });
 }
 
 void TGridTableView::Activate() {

@@ -52,7 +52,7 @@ public:
 
     // Sorting of a bound view. The next order of a column with Sorting on: ascending, descending, as the data come;
     // that of any other column ends. Records are places from then on: kept sorted while the data change, and the
-    // selection goes along.
+    // selection goes along. More than kMostSorted records stay as the data come, with a warning in the log.
     void SortBy(int Column);
     int GetSortedColumn() const;  // -1: as the data come
     ESortOrder GetSortOrder() const { return FSortOrder; }

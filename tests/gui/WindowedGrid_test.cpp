@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QScreen>
 #include <QScrollBar>
 
 #include "tests/gui/GuiTest.h"
-#include "workstation/renderers/WindowedGridRenderer.h"
+#include "tests/gui/WindowedGridTest.h"
 
 namespace gui {
 
@@ -115,6 +116,56 @@ TEST_F(WindowedGridTest, GainsAndLossesDifferInColourAndInShape) {
     EXPECT_GT(Up.BottomWidth, Up.TopWidth);
     EXPECT_GT(Down.TopWidth, Down.BottomWidth);
     EXPECT_GT(Up.Top, Down.Bottom);  // row order
+}
+
+// Rows are moved on the screen, not painted again: what is seen has to be what a whole painting shows.
+TEST_F(WindowedGridTest, WhatIsSeenAfterStepsIsWhatAWholePaintingShows) {
+    TOpenTable Table(kMostRows);
+    const auto Screen = [&] {
+        const QWidget& Shown = *Table.Widget;
+        return Shown.screen()->grabWindow(Shown.winId(), 0, 0, 2 * Shown.width(), 2 * Shown.height()).toImage();
+    };
+    const auto IsSame = [&] {
+        const QImage Seen = Screen();
+        Table.Widget->viewport()->update();
+        TOpenTable::Paint();
+        return !Seen.isNull() && Seen == Screen();
+    };
+    EXPECT_TRUE(IsSame()) << "opened";
+    const struct {
+        Qt::Key Key;
+        int Times;
+        Qt::KeyboardModifiers Modifiers = {};
+    } Keys[] = {{Qt::Key_Down, 3},     {Qt::Key_Down, 50}, {Qt::Key_Down, 2, Qt::ShiftModifier}, {Qt::Key_Up, 45},
+                {Qt::Key_PageDown, 2}, {Qt::Key_End, 1},   {Qt::Key_Up, 40, Qt::ShiftModifier},  {Qt::Key_Home, 1}};
+    for (const auto& Each : Keys) {
+        SCOPED_TRACE(&Each - Keys);
+        for (int i = 0; i < Each.Times; ++i) Table.Press(Each.Key, Each.Modifiers);
+        EXPECT_TRUE(IsSame()) << "each step painted";
+        for (int i = 0; i < 5; ++i) QTest::keyClick(Table.Widget.get(), Each.Key, Each.Modifiers);
+        Table.Bar().setValue(Table.Bar().value() + 2);
+        TOpenTable::Paint();
+        EXPECT_TRUE(IsSame()) << "several steps painted at once";
+    }
+    Table.Widget->clearFocus();
+    TOpenTable::Paint();
+    EXPECT_TRUE(IsSame()) << "without the focus";
+    Table.Press(Qt::Key_End);
+    Table.Widget->resize(220, 333);
+    TOpenTable::Paint();
+    EXPECT_TRUE(IsSame()) << "smaller";
+    Table.Fill(7);
+    EXPECT_TRUE(IsSame()) << "fewer rows";
+}
+
+// The line of an empty table was drawn in the colour of borders, which can hardly be read on the light skin.
+TEST_F(WindowedGridTest, AnEmptyTableSaysSoInTheColourOfTexts) {
+    Frame.Detail.Options.NoDataText = QString(20, QChar(0x2588)).toStdString();
+    Fill(0);
+    const QImage Seen = Shot();
+    const QColor Middle = Seen.pixelColor(Seen.width() / 2, (Seen.height() + Detail().HeaderRect(0).height()) / 2);
+    EXPECT_LT(Middle.lightness(), 100) << "edges of letters are softened";
+    EXPECT_GT(Context.Color("coBorder").lightness(), 150);
 }
 
 }  // namespace gui

@@ -48,14 +48,9 @@ QString TWindowedGridRenderer::RowText(int Row) const {
 
 QRect TWindowedGridRenderer::HeadRect(int Column) const { return HeaderRect(ColumnOf(Column)); }
 
-QRect TWindowedGridRenderer::RectAt(TPlace Place) const {
-    const int64_t Line = static_cast<int64_t>(Place.Row) - GetTopRow();
-    return Line < 0 || Line > GetFullRows() ? QRect() : CellRect(Place.Row, ColumnOf(Place.Column));
-}
-
 std::vector<int> TWindowedGridRenderer::SeenRows() const {
     std::vector<int> Result;
-    const int64_t First = GetTopRow(), End = std::min<int64_t>(GetRowCount(), First + GetFullRows() + 1);
+    const int64_t First = GetTopRow(), End = std::min<int64_t>(GetRowCount(), First + SeenLines());
     for (int64_t Row = First; Row < End; ++Row) Result.push_back(static_cast<int>(Row));
     return Result;
 }

@@ -49,8 +49,10 @@ QRect TWindowedGridRenderer::HeaderRect(int Column) const {
 }
 
 QRect TWindowedGridRenderer::CellRect(int Row, int Column) const {
+    const int64_t Line = static_cast<int64_t>(Row) - GetTopRow();
+    if (Line < 0 || Line >= SeenLines()) return {};
     const QRect Header = HeaderRect(Column);
-    return {Header.left(), HeaderHeight() + (Row - GetTopRow()) * RowHeight(), Header.width(), RowHeight()};
+    return {Header.left(), HeaderHeight() + static_cast<int>(Line) * RowHeight(), Header.width(), RowHeight()};
 }
 
 bool TWindowedGridRenderer::viewportEvent(QEvent* Event) {
@@ -78,7 +80,10 @@ void TWindowedGridRenderer::changeEvent(QEvent* Event) {
 void TWindowedGridRenderer::keyPressEvent(QKeyEvent* Event) {
     if (Event->matches(QKeySequence::Copy)) return CopyRows();
     if (!FView) return;
-    if (Event->matches(QKeySequence::SelectAll)) return FView->GetSelection().SelectAll();
+    if (Event->matches(QKeySequence::SelectAll)) {
+        FView->GetSelection().SelectAll();
+        return TellCurrentCell(*this);
+    }
     const int Current = GetCurrentRow();
     const int64_t Page = GetFullRows(), From = std::max(Current, 0);
     const bool Extend = Event->modifiers() & Qt::ShiftModifier;

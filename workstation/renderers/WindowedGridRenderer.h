@@ -25,8 +25,8 @@ public:
     int GetFullRows() const;  // rows that are wholly visible
     int RowAt(int Y) const;   // row at a height of the viewport; -1 none
     int GetCurrentRow() const { return FView ? FView->GetSelection().GetCurrent() : -1; }
-    QRect HeaderRect(int Column) const;  // in the viewport; empty for a hidden column
-    QRect CellRect(int Row, int Column) const;
+    QRect HeaderRect(int Column) const;         // in the viewport; empty for a hidden column
+    QRect CellRect(int Row, int Column) const;  // empty for a row that is not seen
     fw::TGridTableView* GetTable() const override { return FView.Get(); }
     void CopyRows() override;  // every row where none is selected
     void ScrollTo(int Row);
@@ -40,7 +40,7 @@ public:
     QString NoteAt(TPlace Place) const override;
     QString RowText(int Row) const override;
     QRect HeadRect(int Column) const override;
-    QRect RectAt(TPlace Place) const override;
+    QRect RectAt(TPlace Place) const override { return CellRect(Place.Row, ColumnOf(Place.Column)); }
     std::vector<int> SeenRows() const override;
     std::optional<TPlace> CurrentPlace() const override;
     bool IsSelectedAt(TPlace Place) const override;
@@ -50,6 +50,7 @@ public:
 protected:
     bool viewportEvent(QEvent* Event) override;
     void paintEvent(QPaintEvent* Event) override;
+    void scrollContentsBy(int X, int Rows) override;
     void resizeEvent(QResizeEvent* Event) override;
     void keyPressEvent(QKeyEvent* Event) override;
     void wheelEvent(QWheelEvent* Event) override;
@@ -58,17 +59,23 @@ protected:
     void changeEvent(QEvent* Event) override;
 
 private:
+    static constexpr int kPadding = 4;  // between a cell's text and its border
+    struct TPainting;
     void Reload();
     void Measure();
     void UpdateScrollBar();
     int HeaderHeight() const;
     int RowHeight() const;
-    void PaintHeader(QPainter& Painter, const std::vector<int>& Widths) const;
-    void PaintRow(QPainter& Painter, int Row, int Y, const std::vector<int>& Widths) const;
-    void PaintCell(QPainter& Painter, int Row, int Column, const QRect& Cell) const;
+    int SeenLines() const;  // places for rows of which something can be seen
+    void UpdateRows(int First, int Last);
+    void UpdateSelection();
+    void PaintHeader(const TPainting& In) const;
+    void PaintArrow(QPainter& Painter, QRect& Room, int Column) const;
+    void PaintRow(const TPainting& In, int Row, int Y) const;
+    void PaintCell(const TPainting& In, int Row, int Column, const QRect& Cell) const;
+    void PaintFrame(QPainter& Painter, const QRect& Place) const;
     QString CellText(int Row, int Column) const;
     int ColumnAt(int X) const;
-    void PaintArrow(QPainter& Painter, QRect& Room, int Column) const;
     void SetCurrent(int64_t Row, bool Extend);
     std::vector<int> ShownColumns() const;
     int ColumnOf(int Shown) const { return ShownColumns().at(static_cast<size_t>(Shown)); }
@@ -76,6 +83,7 @@ private:
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;
     fw::TConnections FLinks;
+    int FSelectedFirst = -1, FSelectedLast = -1;  // as it was last painted
     int FWheelRest = 0;
 };
 
