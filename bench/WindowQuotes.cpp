@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// 10,000 quote updates a second while ten payoff views, a symbol selector and the positions are open: how long the
+// window's thread is away from its loop. A turn is the time from one round of the loop to the next while something
+// always waits, so everything that runs between two looks at mouse and keyboard stands in it.
+#include <QTimer>
+
+#include "bench/WindowDesk.h"
+#include "bench/WindowMeasures.h"
+#include "workstation/selector/SymbolSelector.h"
+
+namespace bench {
+
+namespace {
+
+constexpr double kTurnLimit = 16;
+constexpr double kShortest = 0.1;  // of the turns that are kept; in shorter ones next to nothing was done
+constexpr int kStrikes = 5000, kViews = 10, kFewSymbols = 1000;
+constexpr int kUpdatesPerSecond = 10'000, kRunMs = 6000, kBatchMs = 10, kBurstMs = 1000;
+constexpr char kOpenPositions[] = "open.702";
+
+// The turns of the loop for so long.
+TFigure Turns(const char* Case) {
+    TFigure Figure{.Measure = "quotes", .Case = Case, .Limit = kTurnLimit, .IsWorst = true};
+    QTimer Round;
+    TMoment Last = TMoment::Now();
+    QObject::connect(&Round, &QTimer::timeout, [&] {
+        const TMoment Now = TMoment::Now();
+        if (Now.Wall - Last.Wall >= kShortest) Figure.Times.push_back(Now - Last);
+        Last = Now;
+    });
+    Round.start(0);
+    TDesk::Idle(kRunMs);
+    return Figure;
+}
+
+// Hands updates to the subscriptions as a market does: from the loop, so many each time, round and round.
+class TUpdates {
+public:
+    TUpdates(TDesk& Desk, std::vector<std::string> Symbols, int EveryMs)
+        : FDesk(Desk), FSymbols(std::move(Symbols)) {
+        FTimer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&FTimer, &QTimer::timeout, [this] { Deliver(); });
+        FBegan = TMoment::Now().Wall;
+        FTimer.start(EveryMs);
+    }
+
+private:
+    void Deliver() {
+        const auto Due = static_cast<size_t>((TMoment::Now().Wall - FBegan) / 1000 * kUpdatesPerSecond);
+        std::vector<std::string> Changed;
+        for (; FDelivered < Due; ++FDelivered) Changed.push_back(FSymbols[FDelivered % FSymbols.size()]);
+        FDesk.Workstation->Subscriptions().QuotesChanged(Changed);
+    }
+
+    TDesk& FDesk;
+    std::vector<std::string> FSymbols;
+    QTimer FTimer;
+    double FBegan = 0.0;
+    size_t FDelivered = 0;
+};
+
+}  // namespace
+
+void MeasureQuotes() {
+    TDesk Desk{TBenchMarket(kStrikes)};
+    for (int i = 0; i < kViews; ++i) Desk.Enter(Desk.OpenPayoff(), Desk.Market.IronCondor(1));
+    Desk.Window->Commands().Run(kOpenPositions);
+    Desk.Window->Docks().Docks().back()->setFloating(true);
+    ws::TSymbolSelector Selector(
+        Desk.Context, [&](const auto& M) { return Desk.Workstation->UnderlyingOf(M.Exchange, M.Series); }, nullptr,
+        nullptr);
+    Selector.Model().SetMarket({TBenchMarket::kExchange, TBenchMarket::kSeries, Desk.Market.Month()});
+    Selector.resize(400, 400);
+    Selector.show();
+    Desk.Idle(1000);
+    auto Figure = Turns("without updates");
+    Figure.Limit = {};
+    Figure.Print();
+
+    const auto All = Desk.Market.Symbols();
+    const auto Request = [&](size_t Count) {
+        for (size_t i = 0; i < Count; ++i) Desk.Workstation->Subscriptions().Request(All[i]);
+        Desk.Idle(2000);
+    };
+    Request(kFewSymbols);
+    {
+        const TUpdates Updates(Desk, {All.begin(), All.begin() + kFewSymbols}, kBatchMs);
+        Turns("10,000 a second, every 10 ms").Print();
+    }
+    {
+        const TUpdates Updates(Desk, {All.begin(), All.begin() + kFewSymbols}, kBurstMs);
+        Turns("10,000 at once, every second").Print();
+    }
+    Request(All.size());
+    Turns("the simulated market of 10,001 contracts").Print();
+}
+
+}  // namespace bench
