@@ -52,9 +52,8 @@ void MeasureSelector() {
             Selector.reset();
             Opened.Take([&] {
                 Selector = std::make_unique<ws::TSymbolSelector>(
-                    Desk.Context,
-                    [&](const auto& M) { return Desk.Workstation->UnderlyingOf(M.Exchange, M.Series); }, nullptr,
-                    nullptr);
+                    Desk.Context, [&](const auto& M) { return Desk.Workstation->UnderlyingOf(M.Exchange, M.Series); },
+                    nullptr, nullptr);
                 Selector->Model().SetMarket({TBenchMarket::kExchange, TBenchMarket::kSeries, Desk.Market.Month()});
                 Selector->resize(400, 400);
                 Selector->show();

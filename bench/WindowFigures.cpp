@@ -51,7 +51,11 @@ void TFigure::Print() const {
     }
     if (Resident) std::printf(R"(, "resident_mb": %.1f)", *Resident);
     std::printf(R"(, "reps": %zu)", std::max<size_t>(Times.size(), 1));
-    if (Limit) std::printf(R"(, "limit": %g, "limit_of": "%s")", *Limit, Resident ? "resident_mb" : IsWorst ? "worst_ms" : "median_ms");
+    if (Limit)
+        std::printf(R"(, "limit": %g, "limit_of": "%s")", *Limit,
+                    Resident  ? "resident_mb"
+                    : IsWorst ? "worst_ms"
+                              : "median_ms");
     std::printf("}\n");
     std::fflush(stdout);
 }

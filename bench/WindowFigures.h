@@ -24,7 +24,7 @@ struct TFigure {
     std::optional<double> Limit{};  // of the median; milliseconds, megabytes where Resident is set; none: only told
     std::vector<TMoment> Times{};
     std::optional<double> Resident{};  // megabytes
-    bool IsWorst = false;            // the limit is of the worst
+    bool IsWorst = false;              // the limit is of the worst
 
     void Take(const std::function<void()>& Body);
     void Print() const;

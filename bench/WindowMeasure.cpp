@@ -19,10 +19,10 @@ struct TMeasure {
     void (*Run)();
 };
 
-constexpr TMeasure kMeasures[] = {
-    {"start", &bench::MeasureStart},   {"calculate", &bench::MeasureCalculate}, {"open", &bench::MeasureOpen},
-    {"hover", &bench::MeasureHover},   {"memory", &bench::MeasureMemory},       {"quotes", &bench::MeasureQuotes},
-    {"import", &bench::MeasureImport}, {"selector", &bench::MeasureSelector}};
+constexpr TMeasure kMeasures[] = {{"start", &bench::MeasureStart},   {"calculate", &bench::MeasureCalculate},
+                                  {"open", &bench::MeasureOpen},     {"hover", &bench::MeasureHover},
+                                  {"memory", &bench::MeasureMemory}, {"quotes", &bench::MeasureQuotes},
+                                  {"import", &bench::MeasureImport}, {"selector", &bench::MeasureSelector}};
 
 int Usage() {
     std::fputs("window_measure", stderr);

@@ -36,8 +36,7 @@ TFigure Turns(const char* Case) {
 // Hands updates to the subscriptions as a market does: from the loop, so many each time, round and round.
 class TUpdates {
 public:
-    TUpdates(TDesk& Desk, std::vector<std::string> Symbols, int EveryMs)
-        : FDesk(Desk), FSymbols(std::move(Symbols)) {
+    TUpdates(TDesk& Desk, std::vector<std::string> Symbols, int EveryMs) : FDesk(Desk), FSymbols(std::move(Symbols)) {
         FTimer.setTimerType(Qt::PreciseTimer);
         QObject::connect(&FTimer, &QTimer::timeout, [this] { Deliver(); });
         FBegan = TMoment::Now().Wall;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From the start of the process to the first paint: the parent notes the moment and starts this program again, which
 // does what the workstation's own main does. The first paint is done when the loop turns again after the window has
-// painted a view's chart, the last thing of the window to be drawn: menus, status, view, everything stands on the screen
-// then. "strategy" is the paint that brings the user's last result back, which waits for market data.
+// painted a view's chart, the last thing of the window to be drawn: menus, status, view, everything stands on the
+// screen then. "strategy" is the paint that brings the user's last result back, which waits for market data.
 #include <spawn.h>
 #include <sys/wait.h>
 
@@ -36,10 +36,13 @@ public:
 
 protected:
     bool eventFilter(QObject* Watched, QEvent* Event) override {
-        const auto* Chart = Event->type() == QEvent::Paint ? dynamic_cast<ws::TChartRenderer*>(Watched->parent()) : nullptr;
+        const auto* Chart =
+            Event->type() == QEvent::Paint ? dynamic_cast<ws::TChartRenderer*>(Watched->parent()) : nullptr;
         if (!Chart) return false;
         const int Shown = Chart->GetLineCount() > 0 ? 2 : 1;
-        if (Shown > FShown) QMetaObject::invokeMethod(this, [this, Shown] { Say(Shown); }, Qt::QueuedConnection);
+        if (Shown > FShown)
+            QMetaObject::invokeMethod(
+                this, [this, Shown] { Say(Shown); }, Qt::QueuedConnection);
         FShown = std::max(FShown, Shown);
         return false;
     }

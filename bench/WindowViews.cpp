@@ -48,7 +48,8 @@ QPushButton& ButtonOf(ws::TViewDock& Dock, const char* Control) {
 }
 
 void CheckRows(ws::TViewDock& Dock, const TCase& Case) {
-    const int Rows = Dock.Frame()->FindControl<fw::TGridTableView>("DetailGridView")->GetDataController().GetRecordCount();
+    const int Rows =
+        Dock.Frame()->FindControl<fw::TGridTableView>("DetailGridView")->GetDataController().GetRecordCount();
     if (Rows != Case.Rows) throw std::runtime_error(std::string(Case.Name) + " has " + std::to_string(Rows) + " rows");
 }
 
@@ -175,7 +176,8 @@ void MeasureMemory() {
     Figure.Print();
     for (int i = 0; i < kViews; ++i) Desk.Enter(Desk.OpenPayoff(), Desk.Market.IronCondor(1));
     Desk.Idle(1000);
-    Figure = {.Measure = "memory", .Case = "ten calculated views", .Limit = kMemoryLimit, .Resident = ResidentMegabytes()};
+    Figure = {
+        .Measure = "memory", .Case = "ten calculated views", .Limit = kMemoryLimit, .Resident = ResidentMegabytes()};
     Figure.Print();
 }
 

@@ -127,4 +127,77 @@ TEST_F(TSubscriptionServiceTest, ASideThatNobodyQuotesHasNoValue) {
     EXPECT_EQ(I.GetFieldValue(fw::kFieldQuoteTime), 86400.0);
 }
 
+// A market of its own whose prices the test moves, with one subscriber to each contract.
+class TManyQuotesTest : public testing::Test {
+protected:
+    static constexpr int kCount = TSubscriptionService::kSlice * 5 / 2;
+    TMarketService Market;
+    TLoopQueue Queue;
+    std::map<std::string, TQuoteRow> Quotes;
+    TSubscriptionService Subscriptions{
+        Market, Queue, {[](const auto&) {}, [this](const auto& Symbol) { return &Quotes[Symbol]; }, {}}};
+    std::vector<std::string> Symbols, Told;
+    fw::TObject Owner;
+
+    TManyQuotesTest() {
+        TMarketSet Set;
+        Set.Exchanges.push_back({"X", "", "", "", true, "", 0, 0});
+        for (int i = 0; i < kCount; ++i) {
+            TProductRow Row;
+            Row.Symbol = Symbols.emplace_back("C" + std::to_string(kCount - i));  // not in the order of their names
+            Row.Exchange = Row.Series = "X";
+            Set.Products.push_back(Row);
+        }
+        Market.Load(Set);
+        for (const auto& Symbol : Symbols)
+            Subscriptions.Subscribe(
+                Subscriptions.GetSubItem(Symbol, fw::kPriceDataKind, 0),
+                [this, Symbol](fw::TObject*, fw::TObject*) { Told.push_back(Symbol); }, &Owner);
+        Queue.Pump();
+        Told.clear();
+    }
+    void Move(double Last) {
+        for (const auto& Symbol : Symbols) Quotes[Symbol].Last = Last;
+        Subscriptions.QuotesChanged(Symbols);
+    }
+    double LastOf(const std::string& Symbol) {
+        return Subscriptions.GetSubItem(Symbol, fw::kPriceDataKind, 0)->GetFieldValue(fw::kFieldLast);
+    }
+};
+
+TEST_F(TManyQuotesTest, OneRoundOfTheLoopTellsSoManyAndNoMore) {
+    Move(1);
+    EXPECT_EQ(Told.size(), size_t{TSubscriptionService::kSlice});
+    EXPECT_EQ(Queue.Pump(), 1);
+    EXPECT_EQ(Told.size(), size_t{2 * TSubscriptionService::kSlice});
+    EXPECT_EQ(Queue.Pump(), 1);
+    EXPECT_EQ(Told, Symbols) << "in the order in which they came";
+    EXPECT_TRUE(Queue.IsEmpty());
+}
+
+TEST_F(TManyQuotesTest, TheLastPriceArrivesOnceHoweverOftenItChangedMeanwhile) {
+    for (int Price = 1; Price <= 5; ++Price) Move(Price);
+    while (!Queue.IsEmpty()) EXPECT_EQ(Queue.Pump(), 1);
+    for (const auto& Symbol : Symbols) EXPECT_EQ(LastOf(Symbol), 5) << Symbol;
+    // The first slice was told of the first price and once more of the last.
+    EXPECT_EQ(Told.size(), size_t{kCount + TSubscriptionService::kSlice});
+}
+
+TEST_F(TManyQuotesTest, APriceThatComesWhileItsSubscriberIsToldIsToldAgain) {
+    fw::TObject Other;
+    int Heard = 0;
+    auto* Item = Subscriptions.GetSubItem(Symbols.front(), fw::kPriceDataKind, 0);
+    Subscriptions.Subscribe(
+        Item,
+        [&](fw::TObject*, fw::TObject*) {
+            if (++Heard > 1) return;
+            Quotes[Symbols.front()].Last = 7;
+            Subscriptions.QuotesChanged({Symbols.front()});
+        },
+        &Other);
+    while (!Queue.IsEmpty()) Queue.Pump();
+    EXPECT_EQ(Heard, 2);
+    EXPECT_EQ(LastOf(Symbols.front()), 7);
+}
+
 }  // namespace ws

@@ -2,6 +2,7 @@
 #include "workstation/services/SubscriptionService.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/base/Clock.h"
 #include "workstation/market/MarketDay.h"
@@ -79,7 +80,20 @@ void TSubscriptionService::Tell(const std::string& Symbol) {
 
 void TSubscriptionService::QuotesChanged(const std::vector<std::string>& Symbols) {
     for (const auto& Symbol : Symbols)
-        if (FRequested.count(Symbol)) Answer(Symbol);
+        if (FRequested.count(Symbol) && FIsChanged.insert(Symbol).second) FChanged.push_back(Symbol);
+    if (!FSliceWaits) AnswerSlice();
+}
+
+void TSubscriptionService::AnswerSlice() {
+    FSliceWaits = false;
+    for (int Told = 0; Told < kSlice && !FChanged.empty(); ++Told) {
+        const auto Symbol = std::move(FChanged.front());
+        FChanged.pop_front();
+        FIsChanged.erase(Symbol);  // first: a price that comes while subscribers are told is told again
+        Answer(Symbol);
+    }
+    if (FChanged.empty() || std::exchange(FSliceWaits, true)) return;
+    FQueue.Post([this] { AnswerSlice(); });
 }
 
 void TSubscriptionService::MarketChanged() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <map>
 #include <memory>
 #include <set>
@@ -37,7 +38,10 @@ public:
 
     // Asks the market for a symbol's data without a listener of one's own.
     void Request(const fw::Text& Symbol);
-    // The market has new prices; tells the subscribers of those symbols. Called from the loop.
+    // The market has new prices; tells the subscribers of those symbols. Called from the loop. Many at once are told
+    // kSlice at a time, the rest from the loop, in the order in which they came: the loop is never away for long. A
+    // symbol that waits already is told once, of its price as it is then.
+    static constexpr int kSlice = 1000;
     void QuotesChanged(const std::vector<std::string>& Symbols);
     // The listed market changed: everything that was asked for is asked again.
     void MarketChanged();
@@ -49,6 +53,7 @@ private:
     using THandlers = fw::TOwnerRegistrations<fw::TObject*, fw::TObject*>;
     TSubscriptionItem& ItemOf(const std::string& Symbol);
     void Answer(const std::string& Symbol);
+    void AnswerSlice();
     std::optional<std::chrono::system_clock::time_point> TimeOf(const TQuoteRow& Quote,
                                                                 const std::string& Exchange) const;
     void Tell(const std::string& Symbol);
@@ -59,6 +64,9 @@ private:
     std::map<std::string, std::unique_ptr<TSubscriptionItem>> FItems;
     std::map<std::string, THandlers> FHandlers;
     std::set<std::string> FRequested;
+    std::deque<std::string> FChanged;  // symbols with new prices that nobody was told of yet
+    std::set<std::string> FIsChanged;  // the same
+    bool FSliceWaits = false;          // the next slice stands in the queue
 };
 
 }  // namespace ws
