@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QEventLoop>
+#include <QTimer>
 
 #include "tests/gui/FakeDialogs.h"
 #include "workstation/renderers/ChartRenderer.h"
@@ -22,6 +23,8 @@ namespace bench {
 namespace {
 
 constexpr qint64 kPatienceMs = 60'000;
+constexpr double kTurnLimit = 16, kShortestTurn = 0.1;
+constexpr int kTurnsMs = 6000;
 constexpr char kOpenPayoff[] = "open.620";
 
 }  // namespace
@@ -95,6 +98,20 @@ void TDesk::Idle(int Milliseconds) {
     QEventLoop Loop;
     QTimer::singleShot(Milliseconds, &Loop, &QEventLoop::quit);
     Loop.exec();
+}
+
+TFigure TDesk::Turns(const char* Measure, const char* Case) {
+    TFigure Figure{.Measure = Measure, .Case = Case, .Limit = kTurnLimit, .IsWorst = true};
+    QTimer Round;
+    TMoment Last = TMoment::Now();
+    QObject::connect(&Round, &QTimer::timeout, [&] {
+        const TMoment Now = TMoment::Now();
+        if (Now.Wall - Last.Wall >= kShortestTurn) Figure.Times.push_back(Now - Last);
+        Last = Now;
+    });
+    Round.start(0);
+    Idle(kTurnsMs);
+    return Figure;
 }
 
 ws::TViewDock& TDesk::OpenPayoff() {

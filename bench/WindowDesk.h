@@ -48,6 +48,10 @@ public:
     // Runs the loop until Done says so; raises after a minute.
     static void WaitFor(const std::function<bool()>& Done);
     static void Idle(int Milliseconds);
+    // The turns of the loop for some seconds, those in which next to nothing was done left out. A turn is the time from
+    // one round of the loop to the next while something always waits: everything that runs between two looks at mouse
+    // and keyboard stands in it.
+    static TFigure Turns(const char* Measure, const char* Case);
 
     // A further payoff view, through its command.
     ws::TViewDock& OpenPayoff();

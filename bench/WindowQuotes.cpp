@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // 10,000 quote updates a second while ten payoff views, a symbol selector and the positions are open: how long the
-// window's thread is away from its loop. A turn is the time from one round of the loop to the next while something
-// always waits, so everything that runs between two looks at mouse and keyboard stands in it.
+// window's thread is away from its loop.
 #include <QTimer>
 
 #include "bench/WindowDesk.h"
@@ -12,26 +11,9 @@ namespace bench {
 
 namespace {
 
-constexpr double kTurnLimit = 16;
-constexpr double kShortest = 0.1;  // of the turns that are kept; in shorter ones next to nothing was done
 constexpr int kStrikes = 5000, kViews = 10, kFewSymbols = 1000;
-constexpr int kUpdatesPerSecond = 10'000, kRunMs = 6000, kBatchMs = 10, kBurstMs = 1000;
+constexpr int kUpdatesPerSecond = 10'000, kBatchMs = 10, kBurstMs = 1000;
 constexpr char kOpenPositions[] = "open.702";
-
-// The turns of the loop for so long.
-TFigure Turns(const char* Case) {
-    TFigure Figure{.Measure = "quotes", .Case = Case, .Limit = kTurnLimit, .IsWorst = true};
-    QTimer Round;
-    TMoment Last = TMoment::Now();
-    QObject::connect(&Round, &QTimer::timeout, [&] {
-        const TMoment Now = TMoment::Now();
-        if (Now.Wall - Last.Wall >= kShortest) Figure.Times.push_back(Now - Last);
-        Last = Now;
-    });
-    Round.start(0);
-    TDesk::Idle(kRunMs);
-    return Figure;
-}
 
 // Hands updates to the subscriptions as a market does: from the loop, so many each time, round and round.
 class TUpdates {
@@ -72,7 +54,7 @@ void MeasureQuotes() {
     Selector.resize(400, 400);
     Selector.show();
     Desk.Idle(1000);
-    auto Figure = Turns("without updates");
+    auto Figure = TDesk::Turns("quotes", "without updates");
     Figure.Limit = {};
     Figure.Print();
 
@@ -84,14 +66,14 @@ void MeasureQuotes() {
     Request(kFewSymbols);
     {
         const TUpdates Updates(Desk, {All.begin(), All.begin() + kFewSymbols}, kBatchMs);
-        Turns("10,000 a second, every 10 ms").Print();
+        TDesk::Turns("quotes", "10,000 a second, every 10 ms").Print();
     }
     {
         const TUpdates Updates(Desk, {All.begin(), All.begin() + kFewSymbols}, kBurstMs);
-        Turns("10,000 at once, every second").Print();
+        TDesk::Turns("quotes", "10,000 at once, every second").Print();
     }
     Request(All.size());
-    Turns("the simulated market of 10,001 contracts").Print();
+    TDesk::Turns("quotes", "the simulated market of 10,001 contracts").Print();
 }
 
 }  // namespace bench

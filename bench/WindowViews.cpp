@@ -80,7 +80,8 @@ void MeasureCalculate() {
     TDesk Desk{TBenchMarket(kStrikes)};
     for (const TCase& Case : Cases(Desk.Market)) {
         ws::TViewDock& Dock = Desk.OpenPayoff();
-        Desk.Enter(Dock, Case.Strategy);
+        TFigure Entered{.Measure = "enter", .Case = Case.Name};
+        Entered.Take([&] { Desk.Enter(Dock, Case.Strategy); });
         CheckRows(Dock, Case);
         QPushButton& Button = ButtonOf(Dock, "btnCalc");
         TPaintWatch Watch({&TDesk::Plot(Dock), &TDesk::Table(Dock)});
@@ -96,7 +97,11 @@ void MeasureCalculate() {
             if (Drawn.size() != i + 1) throw std::runtime_error("the chart was not drawn once for one calculation");
         }
         Figure.Print();
-        if (Case.Strategy.Legs.size() > kTypedCells) MeasureTyping(Dock, Case);
+        if (Case.Strategy.Legs.size() == kMixedLegs) {
+            Entered.Print();
+            MeasureTyping(Dock, Case);
+            TDesk::Turns("idle", "W3 open").Print();
+        }
         Dock.close();
         Desk.WaitFor([&] { return Desk.Window->Docks().Docks().empty(); });
     }
