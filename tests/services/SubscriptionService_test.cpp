@@ -130,7 +130,7 @@ TEST_F(TSubscriptionServiceTest, ASideThatNobodyQuotesHasNoValue) {
 // A market of its own whose prices the test moves, with one subscriber to each contract.
 class TManyQuotesTest : public testing::Test {
 protected:
-    static constexpr int kCount = TSubscriptionService::kSlice * 5 / 2;
+    static constexpr int kCount = int{TSubscriptionService::kSlice} * 5 / 2;
     TMarketService Market;
     TLoopQueue Queue;
     std::map<std::string, TQuoteRow> Quotes;
@@ -153,8 +153,11 @@ protected:
             Subscriptions.Subscribe(
                 Subscriptions.GetSubItem(Symbol, fw::kPriceDataKind, 0),
                 [this, Symbol](fw::TObject*, fw::TObject*) { Told.push_back(Symbol); }, &Owner);
-        Queue.Pump();
+        PumpAll();
         Told.clear();
+    }
+    void PumpAll() {
+        while (!Queue.IsEmpty()) Queue.Pump();
     }
     void Move(double Last) {
         for (const auto& Symbol : Symbols) Quotes[Symbol].Last = Last;
@@ -167,20 +170,54 @@ protected:
 
 TEST_F(TManyQuotesTest, OneRoundOfTheLoopTellsSoManyAndNoMore) {
     Move(1);
-    EXPECT_EQ(Told.size(), size_t{TSubscriptionService::kSlice});
-    EXPECT_EQ(Queue.Pump(), 1);
-    EXPECT_EQ(Told.size(), size_t{2 * TSubscriptionService::kSlice});
-    EXPECT_EQ(Queue.Pump(), 1);
+    EXPECT_TRUE(Told.empty()) << "never from inside the call";
+    for (const size_t After : {TSubscriptionService::kSlice, 2 * TSubscriptionService::kSlice, Symbols.size()}) {
+        Queue.Pump();
+        EXPECT_EQ(Told.size(), After);
+    }
     EXPECT_EQ(Told, Symbols) << "in the order in which they came";
-    EXPECT_TRUE(Queue.IsEmpty());
 }
 
 TEST_F(TManyQuotesTest, TheLastPriceArrivesOnceHoweverOftenItChangedMeanwhile) {
     for (int Price = 1; Price <= 5; ++Price) Move(Price);
-    while (!Queue.IsEmpty()) EXPECT_EQ(Queue.Pump(), 1);
-    for (const auto& Symbol : Symbols) EXPECT_EQ(LastOf(Symbol), 5) << Symbol;
-    // The first slice was told of the first price and once more of the last.
-    EXPECT_EQ(Told.size(), size_t{kCount + TSubscriptionService::kSlice});
+    Queue.Pump();
+    Move(6);
+    PumpAll();
+    for (const auto& Symbol : Symbols) EXPECT_EQ(LastOf(Symbol), 6) << Symbol;
+    // Those of the first round were told of two prices, the others of one.
+    EXPECT_EQ(Told.size(), Symbols.size() + TSubscriptionService::kSlice);
+}
+
+// Seen: a view with 1,000 symbols looked at all of them when each of them came, and stood still for seconds.
+TEST_F(TManyQuotesTest, WhoIsToldOfOneSymbolFindsTheOthersOfTheRoundUpToDate) {
+    fw::TObject Other;
+    std::vector<double> Seen;
+    Subscriptions.Subscribe(
+        Subscriptions.GetSubItem(Symbols.front(), fw::kPriceDataKind, 0),
+        [&](fw::TObject*, fw::TObject*) { Seen.push_back(LastOf(Symbols[TSubscriptionService::kSlice - 1])); }, &Other);
+    PumpAll();
+    Seen.clear();
+    Move(3);
+    PumpAll();
+    EXPECT_EQ(Seen, std::vector<double>{3});
+}
+
+TEST_F(TManyQuotesTest, ASubscriberThatRunsALoopOfItsOwnDoesNotHoldBackTheOthers) {
+    fw::TObject Other;
+    size_t Meanwhile = 0;
+    Subscriptions.Subscribe(
+        Subscriptions.GetSubItem(Symbols.front(), fw::kPriceDataKind, 0),
+        [&](fw::TObject*, fw::TObject*) {
+            PumpAll();
+            Meanwhile = Told.size();
+        },
+        &Other);
+    PumpAll();
+    Told.clear();
+    Move(1);
+    PumpAll();
+    EXPECT_EQ(Meanwhile, Symbols.size());
+    EXPECT_EQ(Told, Symbols);
 }
 
 TEST_F(TManyQuotesTest, APriceThatComesWhileItsSubscriberIsToldIsToldAgain) {
@@ -195,7 +232,7 @@ TEST_F(TManyQuotesTest, APriceThatComesWhileItsSubscriberIsToldIsToldAgain) {
             Subscriptions.QuotesChanged({Symbols.front()});
         },
         &Other);
-    while (!Queue.IsEmpty()) Queue.Pump();
+    PumpAll();
     EXPECT_EQ(Heard, 2);
     EXPECT_EQ(LastOf(Symbols.front()), 7);
 }
