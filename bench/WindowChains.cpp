@@ -11,7 +11,6 @@ namespace bench {
 namespace {
 
 constexpr double kImportLimit = 2000, kOpenLimit = 100, kFilterLimit = 16;
-constexpr int kLines = 20'000, kExpiries = 10;
 
 }  // namespace
 
@@ -22,11 +21,11 @@ void MeasureImport() {
     for (int i = 0; i < kRepetitions; ++i) {
         TDesk Desk{TBenchMarket(1)};
         const auto File = Desk.Folder.Path() / "chain.csv";
-        WriteChainFile(File, kLines, kExpiries);
+        WriteChainFile(File, kChainLines, kChainExpiries);
         const auto Before = Desk.Workstation->Market().Market().Products.size();
         for (TFigure* Figure : {&First, &Again})
             Figure->Take([&] { Desk.Window->ImportFile(QString::fromStdString(File.string())); });
-        if (Desk.Workstation->Market().Market().Products.size() != Before + 2 * kLines)
+        if (Desk.Workstation->Market().Market().Products.size() != Before + 2 * kChainLines)
             throw std::runtime_error("the file was not imported");
     }
     First.Print();

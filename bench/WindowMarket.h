@@ -36,6 +36,8 @@ private:
     ws::TStrategy Empty(double Interval) const;
 };
 
+inline constexpr int kChainLines = 20'000, kChainExpiries = 10;
+
 // An option-chain file with so many lines below its header, over so many expiries.
 void WriteChainFile(const std::filesystem::path& File, int Lines, int Expiries);
 
