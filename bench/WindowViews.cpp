@@ -47,9 +47,12 @@ QPushButton& ButtonOf(ws::TViewDock& Dock, const char* Control) {
     throw std::runtime_error("a button is missing");
 }
 
+int RowsOf(ws::TViewDock& Dock, const char* Control) {
+    return Dock.Frame()->FindControl<fw::TGridTableView>(Control)->GetDataController().GetRecordCount();
+}
+
 void CheckRows(ws::TViewDock& Dock, const TCase& Case) {
-    const int Rows =
-        Dock.Frame()->FindControl<fw::TGridTableView>("DetailGridView")->GetDataController().GetRecordCount();
+    const int Rows = RowsOf(Dock, "DetailGridView");
     if (Rows != Case.Rows) throw std::runtime_error(std::string(Case.Name) + " has " + std::to_string(Rows) + " rows");
 }
 
@@ -65,6 +68,21 @@ void MeasureTyping(ws::TViewDock& Dock, const TCase& Case) {
             Watch.Wait();
         });
     Figure.Print();
+}
+
+// The same legs once more, as a saved strategy that is opened into a new view.
+void MeasureReopening(TDesk& Desk, ws::TViewDock& From) {
+    const auto State = Desk.Window->Drafts().StateOf(From);
+    ws::TViewDock& Dock = Desk.OpenPayoff();
+    Desk.Idle(300);
+    TFigure Figure{.Measure = "enter", .Case = "W3 as a saved strategy"};
+    Figure.Take([&] {
+        Desk.Window->Drafts().OpenState(Dock, State.value());
+        Desk.WaitFor([&] { return RowsOf(Dock, "PositionGridView") == kMixedLegs + 1; });
+    });
+    Figure.Print();
+    Dock.close();
+    Desk.WaitFor([&] { return Desk.Window->Docks().Docks().size() == 1; });
 }
 
 double ResidentMegabytes() {
@@ -99,6 +117,7 @@ void MeasureCalculate() {
         Figure.Print();
         if (Case.Strategy.Legs.size() == kMixedLegs) {
             Entered.Print();
+            MeasureReopening(Desk, Dock);
             MeasureTyping(Dock, Case);
             TDesk::Turns("idle", "W3 open").Print();
         }
