@@ -50,6 +50,7 @@ void TFigure::Print() const {
                     *std::max_element(Processor.begin(), Processor.end()));
     }
     if (Resident) std::printf(R"(, "resident_mb": %.1f)", *Resident);
+    if (Updates) std::printf(R"(, "updates": %zu)", *Updates);
     std::printf(R"(, "reps": %zu)", std::max<size_t>(Times.size(), 1));
     if (Limit)
         std::printf(R"(, "limit": %g, "limit_of": "%s")", *Limit,

@@ -25,6 +25,7 @@ struct TFigure {
     std::vector<TMoment> Times{};
     std::optional<double> Resident{};  // megabytes
     bool IsWorst = false;              // the limit is of the worst
+    std::optional<size_t> Updates{};   // that subscribers were told of meanwhile
 
     void Take(const std::function<void()>& Body);
     void Print() const;
