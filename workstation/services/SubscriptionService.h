@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <unordered_set>
 
 #include "framework/base/OwnerRegistrations.h"
 #include "framework/services/SubscribeAdapter.h"
@@ -64,9 +65,9 @@ private:
     std::map<std::string, std::unique_ptr<TSubscriptionItem>> FItems;
     std::map<std::string, THandlers> FHandlers;
     std::set<std::string> FRequested;
-    std::deque<std::string> FWaiting;  // symbols to be brought up to date
-    std::set<std::string> FIsWaiting;  // the same
-    std::deque<std::string> FUntold;   // symbols that are, of which subscribers are to be told
+    std::deque<std::string> FWaiting;            // symbols to be brought up to date
+    std::unordered_set<std::string> FIsWaiting;  // the same
+    std::deque<std::string> FUntold;             // symbols that are, of which subscribers are to be told
 };
 
 }  // namespace ws
