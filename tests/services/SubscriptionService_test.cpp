@@ -127,4 +127,114 @@ TEST_F(TSubscriptionServiceTest, ASideThatNobodyQuotesHasNoValue) {
     EXPECT_EQ(I.GetFieldValue(fw::kFieldQuoteTime), 86400.0);
 }
 
+// A market of its own whose prices the test moves, with one subscriber to each contract.
+class TManyQuotesTest : public testing::Test {
+protected:
+    static constexpr int kCount = int{TSubscriptionService::kSlice} * 5 / 2;
+    TMarketService Market;
+    TLoopQueue Queue;
+    std::map<std::string, TQuoteRow> Quotes;
+    TSubscriptionService Subscriptions{
+        Market, Queue, {[](const auto&) {}, [this](const auto& Symbol) { return &Quotes[Symbol]; }, {}}};
+    std::vector<std::string> Symbols, Told;
+    fw::TObject Owner;
+
+    TManyQuotesTest() {
+        TMarketSet Set;
+        Set.Exchanges.push_back({"X", "", "", "", true, "", 0, 0});
+        for (int i = 0; i < kCount; ++i) {
+            TProductRow Row;
+            Row.Symbol = Symbols.emplace_back("C" + std::to_string(kCount - i));  // not in the order of their names
+            Row.Exchange = Row.Series = "X";
+            Set.Products.push_back(Row);
+        }
+        Market.Load(Set);
+        for (const auto& Symbol : Symbols)
+            Subscriptions.Subscribe(
+                Subscriptions.GetSubItem(Symbol, fw::kPriceDataKind, 0),
+                [this, Symbol](fw::TObject*, fw::TObject*) { Told.push_back(Symbol); }, &Owner);
+        PumpAll();
+        Told.clear();
+    }
+    void PumpAll() {
+        while (!Queue.IsEmpty()) Queue.Pump();
+    }
+    void Move(double Last) {
+        for (const auto& Symbol : Symbols) Quotes[Symbol].Last = Last;
+        Subscriptions.QuotesChanged(Symbols);
+    }
+    double LastOf(const std::string& Symbol) {
+        return Subscriptions.GetSubItem(Symbol, fw::kPriceDataKind, 0)->GetFieldValue(fw::kFieldLast);
+    }
+};
+
+TEST_F(TManyQuotesTest, OneRoundOfTheLoopTellsSoManyAndNoMore) {
+    Move(1);
+    EXPECT_TRUE(Told.empty()) << "never from inside the call";
+    for (const size_t After : {TSubscriptionService::kSlice, 2 * TSubscriptionService::kSlice, Symbols.size()}) {
+        Queue.Pump();
+        EXPECT_EQ(Told.size(), After);
+    }
+    EXPECT_EQ(Told, Symbols) << "in the order in which they came";
+}
+
+TEST_F(TManyQuotesTest, TheLastPriceArrivesOnceHoweverOftenItChangedMeanwhile) {
+    for (int Price = 1; Price <= 5; ++Price) Move(Price);
+    Queue.Pump();
+    Move(6);
+    PumpAll();
+    for (const auto& Symbol : Symbols) EXPECT_EQ(LastOf(Symbol), 6) << Symbol;
+    // Those of the first round were told of two prices, the others of one.
+    EXPECT_EQ(Told.size(), Symbols.size() + TSubscriptionService::kSlice);
+}
+
+// Seen: a view with 1,000 symbols looked at all of them when each of them came, and stood still for seconds.
+TEST_F(TManyQuotesTest, WhoIsToldOfOneSymbolFindsTheOthersOfTheRoundUpToDate) {
+    fw::TObject Other;
+    std::vector<double> Seen;
+    Subscriptions.Subscribe(
+        Subscriptions.GetSubItem(Symbols.front(), fw::kPriceDataKind, 0),
+        [&](fw::TObject*, fw::TObject*) { Seen.push_back(LastOf(Symbols[TSubscriptionService::kSlice - 1])); }, &Other);
+    PumpAll();
+    Seen.clear();
+    Move(3);
+    PumpAll();
+    EXPECT_EQ(Seen, std::vector<double>{3});
+}
+
+TEST_F(TManyQuotesTest, ASubscriberThatRunsALoopOfItsOwnDoesNotHoldBackTheOthers) {
+    fw::TObject Other;
+    size_t Meanwhile = 0;
+    Subscriptions.Subscribe(
+        Subscriptions.GetSubItem(Symbols.front(), fw::kPriceDataKind, 0),
+        [&](fw::TObject*, fw::TObject*) {
+            PumpAll();
+            Meanwhile = Told.size();
+        },
+        &Other);
+    PumpAll();
+    Told.clear();
+    Move(1);
+    PumpAll();
+    EXPECT_EQ(Meanwhile, Symbols.size());
+    EXPECT_EQ(Told, Symbols);
+}
+
+TEST_F(TManyQuotesTest, APriceThatComesWhileItsSubscriberIsToldIsToldAgain) {
+    fw::TObject Other;
+    int Heard = 0;
+    auto* Item = Subscriptions.GetSubItem(Symbols.front(), fw::kPriceDataKind, 0);
+    Subscriptions.Subscribe(
+        Item,
+        [&](fw::TObject*, fw::TObject*) {
+            if (++Heard > 1) return;
+            Quotes[Symbols.front()].Last = 7;
+            Subscriptions.QuotesChanged({Symbols.front()});
+        },
+        &Other);
+    PumpAll();
+    EXPECT_EQ(Heard, 2);
+    EXPECT_EQ(LastOf(Symbols.front()), 7);
+}
+
 }  // namespace ws

@@ -20,10 +20,9 @@ int NumberOf(std::string_view Digits) {
     return Value;
 }
 
-std::string TwoDigits(long Value) {
-    std::array<char, 24> Buffer{};
-    std::snprintf(Buffer.data(), Buffer.size(), "%02ld", Value);
-    return Buffer.data();
+// Written by hand: every quote of every step of the market has its time as text.
+void Put(char* To, int Digits, unsigned Value) {
+    for (; Digits > 0; Value /= 10) To[--Digits] = static_cast<char>('0' + Value % 10);
 }
 
 }  // namespace
@@ -41,10 +40,11 @@ std::optional<std::chrono::sys_days> MarketDayOf(std::string_view Text) {
 
 std::string MarketDayText(std::chrono::sys_days Day) {
     const std::chrono::year_month_day Date{Day};
-    std::array<char, 48> Buffer{};
-    std::snprintf(Buffer.data(), Buffer.size(), "%04d/%02u/%02u", static_cast<int>(Date.year()),
-                  static_cast<unsigned>(Date.month()), static_cast<unsigned>(Date.day()));
-    return Buffer.data();
+    std::string Text = "0000/00/00";
+    Put(&Text[0], 4, static_cast<unsigned>(static_cast<int>(Date.year())));
+    Put(&Text[5], 2, static_cast<unsigned>(Date.month()));
+    Put(&Text[8], 2, static_cast<unsigned>(Date.day()));
+    return Text;
 }
 
 std::optional<std::chrono::system_clock::time_point> MarketTimeOf(std::string_view Text, int OffsetMinutes) {
@@ -64,9 +64,12 @@ std::chrono::sys_days MarketDayAt(std::chrono::system_clock::time_point Utc, int
 std::string MarketTimeText(std::chrono::system_clock::time_point Utc, int OffsetMinutes) {
     const auto Local = std::chrono::floor<std::chrono::seconds>(Utc + std::chrono::minutes{OffsetMinutes});
     const auto Day = std::chrono::floor<std::chrono::days>(Local);
-    const long Second = static_cast<long>((Local - Day).count());
-    return MarketDayText(Day) + " " + TwoDigits(Second / 3600) + ":" + TwoDigits(Second / 60 % 60) + ":" +
-           TwoDigits(Second % 60);
+    const auto Second = static_cast<unsigned>((Local - Day).count());
+    std::string Text = MarketDayText(Day) + " 00:00:00";
+    Put(&Text[11], 2, Second / 3600);
+    Put(&Text[14], 2, Second / 60 % 60);
+    Put(&Text[17], 2, Second % 60);
+    return Text;
 }
 
 }  // namespace ws

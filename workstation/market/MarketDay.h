@@ -13,7 +13,7 @@ namespace ws {
 // "2023/02/17"; nothing for any other form or a day that does not exist.
 std::optional<std::chrono::sys_days> MarketDayOf(std::string_view Text);
 
-std::string MarketDayText(std::chrono::sys_days Day);  // "2023/02/17"
+std::string MarketDayText(std::chrono::sys_days Day);  // "2023/02/17"; years 0 to 9999
 
 // "2023/02/17 09:30:00": the wall clock OffsetMinutes east of UTC, whole seconds.
 std::string MarketTimeText(std::chrono::system_clock::time_point Utc, int OffsetMinutes);

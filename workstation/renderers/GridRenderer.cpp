@@ -179,6 +179,7 @@ void TGridRenderer::DropEditor() {
     Gone->OnLeave = nullptr;
     if (Gone->FocusWidget()->hasFocus()) setFocus();  // before it hides, or the toolkit would hand the focus on
     Gone->Widget()->hide();
+    Gone->Widget()->setParent(this);  // scrolling moves every child of the viewport, those that wait for their end too
     Gone->Widget()->deleteLater();
     viewport()->update();
 }

@@ -29,7 +29,7 @@ void TSubscriptionService::Subscribe(fw::TCustomSubItem* Item, fw::TDataEvent Ha
     FHandlers[Symbol].Add(Owner, std::move(Handler));
     // Somebody may come after the first answer: he is told too, from the loop.
     if (FRequested.count(Symbol))
-        FQueue.Post([this, Symbol] { Answer(Symbol); });
+        AnswerLater(Symbol);
     else
         Request(Symbol);
 }
@@ -42,21 +42,39 @@ void TSubscriptionService::Request(const fw::Text& Symbol) {
     ItemOf(Symbol);
     if (!FRequested.insert(Symbol).second) return;
     if (FMarket.FindProduct(Symbol)) FQuotes.Watch(Symbol);
-    FQueue.Post([this, Symbol] { Answer(Symbol); });
+    AnswerLater(Symbol);
 }
 
-void TSubscriptionService::Answer(const std::string& Symbol) {
-    auto& Item = ItemOf(Symbol);
-    if (const auto* Product = FMarket.FindProduct(Symbol)) {
-        const auto* Quote = FQuotes.QuoteOf(Symbol);
-        if (!Quote) return;  // comes later, or never
-        const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
-        Item.Take(*Product, ReferencePrice(*Quote, Series && Series->Imported));
-        Item.TakeQuote(*Quote, TimeOf(*Quote, Product->Exchange));
-    } else {
-        Item.TakeNothing();
+void TSubscriptionService::AnswerLater(const std::string& Symbol) {
+    if (!FIsWaiting.insert(Symbol).second) return;
+    FWaiting.push_back(Symbol);
+    if (FWaiting.size() == 1) FQueue.Post([this] { AnswerSlice(); });
+}
+
+// A view looks at everything it waits for whenever one symbol of it is told: it finds all of them up to date.
+void TSubscriptionService::AnswerSlice() {
+    for (size_t Taken = 0; Taken < kSlice && !FWaiting.empty(); ++Taken) {
+        if (TakeUp(FWaiting.front())) FUntold.push_back(FWaiting.front());
+        FIsWaiting.erase(FWaiting.front());
+        FWaiting.pop_front();
     }
-    Tell(Symbol);
+    if (!FWaiting.empty()) FQueue.Post([this] { AnswerSlice(); });
+    // A subscriber that runs a loop of its own (a message box) does not hold back the others.
+    if (FUntold.size() > 1) FQueue.Post([this] { TellUntold(); });
+    TellUntold();
+}
+
+// True: its subscribers are to be told.
+bool TSubscriptionService::TakeUp(const std::string& Symbol) {
+    auto& Item = ItemOf(Symbol);
+    const auto* Product = FMarket.FindProduct(Symbol);
+    if (!Product) return Item.TakeNothing(), true;
+    const auto* Quote = FQuotes.QuoteOf(Symbol);
+    if (!Quote) return false;  // comes later, or never
+    const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
+    Item.Take(*Product, ReferencePrice(*Quote, Series && Series->Imported));
+    Item.TakeQuote(*Quote, TimeOf(*Quote, Product->Exchange));
+    return true;
 }
 
 // The simulated market's time falls behind the process's clock, by every pause of the loop; a quote's age does not.
@@ -70,22 +88,26 @@ std::optional<std::chrono::system_clock::time_point> TSubscriptionService::TimeO
     return *At + (fw::TClock::Now() - FQuotes.Now());
 }
 
-void TSubscriptionService::Tell(const std::string& Symbol) {
-    const auto It = FHandlers.find(Symbol);
-    if (It == FHandlers.end()) return;
-    fw::TCustomUpdate Update(1);
-    It->second.Notify("market data of " + Symbol, this, &Update);
+void TSubscriptionService::TellUntold() {
+    while (!FUntold.empty()) {
+        const auto Symbol = std::move(FUntold.front());
+        FUntold.pop_front();
+        const auto It = FHandlers.find(Symbol);
+        if (It == FHandlers.end()) continue;
+        fw::TCustomUpdate Update(1);
+        It->second.Notify("market data of " + Symbol, this, &Update);
+    }
 }
 
 void TSubscriptionService::QuotesChanged(const std::vector<std::string>& Symbols) {
     for (const auto& Symbol : Symbols)
-        if (FRequested.count(Symbol)) Answer(Symbol);
+        if (FRequested.count(Symbol)) AnswerLater(Symbol);
 }
 
 void TSubscriptionService::MarketChanged() {
     for (const auto& Symbol : FRequested) {
         if (FMarket.FindProduct(Symbol)) FQuotes.Watch(Symbol);
-        FQueue.Post([this, Symbol] { Answer(Symbol); });
+        AnswerLater(Symbol);
     }
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <map>
 #include <memory>
 #include <set>
+#include <unordered_set>
 
 #include "framework/base/OwnerRegistrations.h"
 #include "framework/services/SubscribeAdapter.h"
@@ -28,6 +30,8 @@ struct TQuoteSource {
 // that never trades stays at state 0. What was asked for once is kept up to date for the process.
 class TSubscriptionService : public fw::TCustomSubscribeAdapter {
 public:
+    static constexpr size_t kSlice = 1000;
+
     TSubscriptionService(const TMarketService& Market, TLoopQueue& Queue, TQuoteSource Quotes);
     ~TSubscriptionService() override;
 
@@ -37,7 +41,7 @@ public:
 
     // Asks the market for a symbol's data without a listener of one's own.
     void Request(const fw::Text& Symbol);
-    // The market has new prices; tells the subscribers of those symbols. Called from the loop.
+    // The market has new prices.
     void QuotesChanged(const std::vector<std::string>& Symbols);
     // The listed market changed: everything that was asked for is asked again.
     void MarketChanged();
@@ -48,10 +52,12 @@ public:
 private:
     using THandlers = fw::TOwnerRegistrations<fw::TObject*, fw::TObject*>;
     TSubscriptionItem& ItemOf(const std::string& Symbol);
-    void Answer(const std::string& Symbol);
+    void AnswerLater(const std::string& Symbol);
+    void AnswerSlice();
+    bool TakeUp(const std::string& Symbol);
+    void TellUntold();
     std::optional<std::chrono::system_clock::time_point> TimeOf(const TQuoteRow& Quote,
                                                                 const std::string& Exchange) const;
-    void Tell(const std::string& Symbol);
 
     const TMarketService& FMarket;  // both borrowed
     TLoopQueue& FQueue;
@@ -59,6 +65,9 @@ private:
     std::map<std::string, std::unique_ptr<TSubscriptionItem>> FItems;
     std::map<std::string, THandlers> FHandlers;
     std::set<std::string> FRequested;
+    std::deque<std::string> FWaiting;            // symbols to be brought up to date
+    std::unordered_set<std::string> FIsWaiting;  // the same
+    std::deque<std::string> FUntold;             // symbols that are, of which subscribers are to be told
 };
 
 }  // namespace ws

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <cstdio>
 #include <iostream>
-#include <optional>
 
 #include <QEventLoop>
 #include <QTimer>
@@ -18,7 +17,7 @@
 #include "workstation/shell/Picture.h"
 #include "workstation/shell/SkinPalette.h"
 #include "workstation/shell/StartUp.h"
-#include "workstation/store/StoreLock.h"
+#include "workstation/shell/WindowRun.h"
 
 namespace {
 
@@ -47,15 +46,6 @@ public:
 private:
     QTimer FTick, FPump;
 };
-
-int RunWindow(TWorkstation& Workstation, TRenderContext& Context) {
-    TMainWindow Window(Workstation, Context, std::make_unique<TDialogs>(Context));
-    LoadPackages();
-    Window.ReloadViews();
-    Window.show();
-    if (!Window.Workspaces().OpenLast()) Window.OpenStartView();
-    return QApplication::exec();
-}
 
 int RunPicture(TWorkstation& Workstation, TRenderContext& Context, const TCommandLine& Line) {
     TMainWindow Window(Workstation, Context, std::make_unique<TDialogs>(Context));
@@ -129,14 +119,12 @@ int RunOnViews(TWorkstation& Workstation, TRenderContext& Context, const TComman
 
 int Run(const TCommandLine& Line) {
     if (IsOfPictures(Line.Mode)) FixPictureClock();
-    std::optional<TStoreLock> Lock;
-    if (Line.Mode == ERunMode::Window) Lock.emplace(DefaultStorePath());
+    if (Line.Mode == ERunMode::Window) return RunWindow(Line);
     TWorkstation Workstation(OptionsOf(Line));
     ApplyChoices(Workstation, Line);
     if (Line.Mode == ERunMode::Import) return RunImport(Workstation, Line, std::cout, std::cerr);
     TRenderContext Context;
     ShowLook(Workstation, Context);
-    if (Line.Mode == ERunMode::Window) return RunWindow(Workstation, Context);
     if (Line.Mode == ERunMode::Pictures) return RunPictures(Workstation, Context, Line);
     if (Line.Mode == ERunMode::Picture && Line.View.empty()) return RunPicture(Workstation, Context, Line);
     return RunOnViews(Workstation, Context, Line);
