@@ -30,7 +30,8 @@ TOpenedStore TWorkstation::OpenStore(const TWorkstationOptions& Options) {
 }
 
 TWorkstation::TWorkstation(const TWorkstationOptions& Options)
-    : FSampleFolder(Options.SampleFolder),
+    : FSeed(Options.Seed),
+      FSampleFolder(Options.SampleFolder),
       FEnvironmentFormat(Options.NumberFormat),
       FStore([&] {
           auto Opened = OpenStore(Options);
@@ -52,8 +53,7 @@ TWorkstation::TWorkstation(const TWorkstationOptions& Options)
     FNotices.insert(FNotices.end(), Sample.Notices.begin(), Sample.Notices.end());
     FMarket.OnRequestSymbol = [this](const fw::Text& Symbol) { FSubscriptions.Request(Symbol); };
     LoadMarket();
-    FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
-    FYesterday = std::make_unique<TQuoteWalk>(FMarket.Market(), Options.Seed, fw::TClock::Now());
+    FWalk = std::make_unique<TQuoteWalk>(FMarket.Market(), FSeed, FStart);
     OpenOrders();
     FConfig.OnChanged = [this] { FollowConfig(); };
     FConfig.OnChanged();
@@ -144,7 +144,7 @@ void TWorkstation::LoadMarket() {
 void TWorkstation::ReloadMarket() {
     LoadMarket();
     FWalk->Replace(FMarket.Market());
-    FYesterday->Replace(FMarket.Market());
+    FYesterday.reset();
     FSubscriptions.MarketChanged();
     FMarket.NotifyListsChanged();
 }
@@ -233,7 +233,9 @@ std::optional<TPaperContract> TWorkstation::PaperContractOf(const std::string& S
 // The market's own where it states one; of a simulated contract, where the simulation starts.
 std::optional<double> TWorkstation::SettlementOf(const std::string& Symbol) {
     const auto* Product = FMarket.FindProduct(Symbol);
-    const auto* Quote = Product ? FYesterday->QuoteOf(Symbol) : nullptr;
+    if (!Product) return std::nullopt;
+    if (!FYesterday) FYesterday = std::make_unique<TQuoteWalk>(FMarket.Market(), FSeed, FStart);
+    const auto* Quote = FYesterday->QuoteOf(Symbol);
     if (!Quote || Quote->PreviousSettlement) return Quote ? Quote->PreviousSettlement : std::nullopt;
     const auto* Series = FMarket.FindSeries(Product->Exchange, Product->Series);
     return Series && !Series->Imported ? Quote->Last : std::nullopt;

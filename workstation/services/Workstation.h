@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "framework/base/Clock.h"
 #include "framework/base/NumberFormat.h"
 #include "workstation/market/ChainStore.h"
 #include "workstation/market/QuoteWalk.h"
@@ -119,6 +120,8 @@ private:
     THeldQuantities HeldOf(const std::string& Account) const;
     std::optional<TQuoteForm> QuoteFormOf(const std::string& Symbol) const;
 
+    const std::uint64_t FSeed;  // of the simulated market, and when it begins
+    const TQuoteWalk::TTimePoint FStart = fw::TClock::Now();
     std::filesystem::path FSampleFolder;
     fw::TNumberFormat FEnvironmentFormat;
     std::vector<TStoreNotice> FNotices;
@@ -137,8 +140,8 @@ private:
     TMessageBoxService FMessageBox{FLanguage};
     TMarketService FMarket;
     std::unique_ptr<TQuoteWalk> FWalk;
-    std::unique_ptr<TQuoteWalk>
-        FYesterday;  // the walk before its first step: what it starts from was settled yesterday
+    // The walk before its first step: what it starts from was settled yesterday. Made when a settlement is asked for.
+    std::unique_ptr<TQuoteWalk> FYesterday;
     TPaperExchange FExchange;
     std::unique_ptr<TOrderSystem> FOrderSystem;
     TSubscriptionService FSubscriptions;
