@@ -6,6 +6,7 @@
 //   grid_measure [repetitions [measure]]     a single measure, e.g. grid_step_page, is for a profiler
 #include <algorithm>
 #include <chrono>
+#include <clocale>
 #include <cstdio>
 #include <fstream>
 #include <functional>
@@ -229,6 +230,7 @@ private:
 int main(int ArgumentCount, char** Arguments) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication Application(ArgumentCount, Arguments);
+    std::setlocale(LC_NUMERIC, "C");  // the lines are JSON
     QApplication::setStyle(QStringLiteral("Fusion"));
     const int Reps = ArgumentCount > 1 ? std::atoi(Arguments[1]) : 101;
     support::TFakeHost Host;

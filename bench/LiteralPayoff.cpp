@@ -67,7 +67,7 @@ double Read(const TLiteralPayoff& Literal, size_t First, size_t Count) {
 }
 
 void Calculate(TPayoff& Payoff, TLiteralPayoff& Literal) {
-    if (Payoff.Workload.EditsPremium) Payoff.EnterLegs(kEdit);
+    Payoff.Edit();
     Literal.Calculate();
 }
 
@@ -76,7 +76,8 @@ void Calculate(TPayoff& Payoff, TLiteralPayoff& Literal) {
 double CalculateAndReadPage(TPayoff& Payoff, TLiteralPayoff& Literal) {
     Calculate(Payoff, Literal);
     if (!Payoff.Workload.HasTable) return Read(Literal, 0, Literal.GetCount());
-    return Read(Literal, (Literal.GetCount() - static_cast<size_t>(kPageRows)) / 2, static_cast<size_t>(kPageRows));
+    return Read(Literal, static_cast<size_t>(PageBegin(static_cast<int64_t>(Literal.GetCount()))),
+                static_cast<size_t>(kPageRows));
 }
 
 double CalculateAndReadTexts(TPayoff& Payoff, TLiteralPayoff& Literal) {
@@ -84,10 +85,32 @@ double CalculateAndReadTexts(TPayoff& Payoff, TLiteralPayoff& Literal) {
     return Read(Literal, 0, Literal.GetCount());
 }
 
+namespace {
+
+bool Differ(double A, double B) { return std::bit_cast<uint64_t>(A) != std::bit_cast<uint64_t>(B); }
+
+// Of a table that is too long to be written down: rows all over it.
+int64_t CountDifferencesInSample(TPayoff& Payoff, const TLiteralPayoff& Literal) {
+    int64_t Differences = 0;
+    for (int64_t I = 0; I < kSampleRows; ++I) {
+        const auto Row = static_cast<int32_t>((Payoff.GetRowCount() - 1) * I / (kSampleRows - 1));
+        const double Price = kDown + Payoff.Workload.Interval * Row;
+        if (Payoff.Detail.GetDataList().At(Row) != PriceKey(Price) ||
+            Differ(Payoff.Detail.GetRows().SumAt(Row), Literal.Sum(Price)))
+            ++Differences;
+    }
+    return Differences;
+}
+
+}  // namespace
+
 int64_t CountDifferences(TPayoff& Payoff) {
     TLiteralPayoff Literal(Payoff);
-    Literal.Calculate();
     Payoff.Control.Calculate();
+    Payoff.Edit();
+    Payoff.Control.Calculate();
+    if (!Payoff.Workload.FitsInMemory) return CountDifferencesInSample(Payoff, Literal);
+    Literal.Calculate();
     const int64_t Count = Payoff.GetRowCount();
     if (Count != static_cast<int64_t>(Literal.GetCount())) return std::max<int64_t>(Count, 1);
     int64_t Differences = 0;
@@ -101,9 +124,7 @@ int64_t CountDifferences(TPayoff& Payoff) {
             Key = PriceKey(Price);
         }
         const auto Same = static_cast<size_t>(Row);
-        if (Key != Literal.PriceText(Same) ||
-            std::bit_cast<uint64_t>(Sum) != std::bit_cast<uint64_t>(Literal.SumAt(Same)))
-            ++Differences;
+        if (Key != Literal.PriceText(Same) || Differ(Sum, Literal.SumAt(Same))) ++Differences;
     }
     return Differences;
 }

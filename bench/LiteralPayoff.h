@@ -17,11 +17,11 @@ public:
     size_t GetCount() const { return FList.size(); }
     const fw::Text& PriceText(size_t Row) const { return FList[Row]; }
     double SumAt(size_t Row) const { return FDictionary.at(FList[Row]); }
+    double Sum(double Price) const;  // leg by leg
 
 private:
     void CalculateTable();
     void CalculateKeyPrices();
-    double Sum(double Price) const;
     void Add(double Price);
 
     const ventiq::TCustomVentiqDataControl& FControl;  // borrowed: range and legs
@@ -34,7 +34,10 @@ private:
 double CalculateAndReadPage(TPayoff& Payoff, TLiteralPayoff& Literal);
 double CalculateAndReadTexts(TPayoff& Payoff, TLiteralPayoff& Literal);
 
-// Calculates both ways: the rows that differ, in text or in any bit of the P/L.
+inline constexpr int64_t kSampleRows = 10'007;
+
+// Calculates both ways, after an edit where the workload has one: the rows that differ, in text or in any bit of the
+// P/L; of a table that does not fit into memory, of kSampleRows all over it.
 int64_t CountDifferences(TPayoff& Payoff);
 
 }  // namespace bench

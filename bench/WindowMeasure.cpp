@@ -4,6 +4,7 @@
 //   window_measure start|calculate|open|hover|memory|quotes|import|selector
 // One JSON line for each figure. "limit" belongs to what "limit_of" names. Runs without a screen unless QT_QPA_PLATFORM
 // says otherwise. Nothing here is a test: times differ from machine to machine.
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -36,6 +37,7 @@ int Usage() {
 int main(int ArgumentCount, char** Arguments) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ws::TApplication Application(ArgumentCount, Arguments);
+    std::setlocale(LC_NUMERIC, "C");  // the lines are JSON
     try {
         if (ArgumentCount == 3 && !std::strcmp(Arguments[1], bench::kStarted))
             return bench::RunStarted(std::atof(Arguments[2]));

@@ -13,6 +13,8 @@ using namespace ventiq;
 namespace {
 
 constexpr double kMultiplier = 50.0;
+constexpr int32_t kPlace = 128;
+constexpr double kEdit = 0.25;  // what an edit adds to the premium
 
 constexpr TWorkload kWorkloads[] = {
     {"W1", "iron condor, step 1", ELegs::IronCondor, 4, 1.0, true, false, true},
@@ -46,6 +48,11 @@ const TWorkload* FindWorkload(std::string_view Name) {
     return Found == std::end(kWorkloads) ? nullptr : Found;
 }
 
+int32_t PageBegin(int64_t Rows) {
+    const auto Middle = static_cast<int32_t>(Rows / 2);
+    return Middle - Middle % kPlace + kPlace / 2;
+}
+
 TPayoff::TPayoff(const TWorkload& W) : Workload(W), FMarketScope(std::make_unique<TLeanMarket>()) {
     auto& Market = static_cast<TLeanMarket&>(fw::TCustomSubscribeAdapter::GetInstance());
     if (W.Kind == ELegs::IronCondor) {
@@ -71,7 +78,11 @@ TPayoff::TPayoff(const TWorkload& W) : Workload(W), FMarketScope(std::make_uniqu
     Control.SetDownLimit(kDown);
     Control.SetUpLimit(kUp);
     Control.SetInterval(W.Interval);
-    EnterLegs();
+    EnterLegs(0.0);
+}
+
+void TPayoff::Edit() {
+    if (Workload.EditsPremium) EnterLegs(++FEdits % 2 * kEdit);
 }
 
 void TPayoff::EnterLegs(double Extra) {
@@ -105,7 +116,7 @@ double ReadKeyPrices(TPayoff& Payoff) {
 }
 
 void Calculate(TPayoff& Payoff) {
-    if (Payoff.Workload.EditsPremium) Payoff.EnterLegs(kEdit);
+    Payoff.Edit();
     Payoff.Control.Calculate();
 }
 
@@ -114,7 +125,7 @@ void Calculate(TPayoff& Payoff) {
 double CalculateAndReadPage(TPayoff& Payoff) {
     Calculate(Payoff);
     if (!Payoff.Workload.HasTable) return ReadKeyPrices(Payoff);
-    return ReadTexts(Payoff, (Payoff.Detail.GetCount() - kPageRows) / 2, kPageRows);
+    return ReadTexts(Payoff, PageBegin(Payoff.Detail.GetCount()), kPageRows);
 }
 
 double CalculateAndReadTexts(TPayoff& Payoff) {

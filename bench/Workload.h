@@ -27,7 +27,10 @@ struct TWorkload {
 inline constexpr double kDown = 15000.0, kUp = 25000.0;
 inline constexpr int kStrikes = 500;
 inline constexpr int32_t kPageRows = 50;
-inline constexpr double kEdit = 0.25;  // what an edit adds to the premium
+
+// Where the page begins that is read: in the middle, and of every table at the same place in the blocks in which the
+// engine computes rows, whatever power of two they have up to 128.
+int32_t PageBegin(int64_t Rows);
 
 // W1 to W6.
 std::span<const TWorkload> Workloads();
@@ -39,8 +42,11 @@ public:
     explicit TPayoff(const TWorkload& Workload);
 
     const TWorkload& Workload;
-    void EnterLegs(double Extra = 0.0);  // Extra is added to the first premium
-    int64_t GetRowCount();               // of the table, or of the key prices
+    void EnterLegs(double Extra);  // Extra is added to the first premium
+    // What the user does before a calculation: nothing, or another premium than before; the first one after a
+    // calculation of the legs as they are listed.
+    void Edit();
+    int64_t GetRowCount();  // of the table, or of the key prices
 
 private:
     support::TFakeHost FHost;  // first: outlives what it serves
@@ -51,6 +57,7 @@ private:
         double Premium, Qty;
     };
     std::vector<TEntry> FEntries;
+    int FEdits = 0;
 
 public:
     ventiq::TCustomVentiqDetailDataControl Detail;

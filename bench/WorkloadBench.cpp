@@ -17,7 +17,6 @@ namespace bench {
 namespace {
 
 bool Differ(benchmark::State& State, TPayoff& Payoff) {
-    if (!Payoff.Workload.FitsInMemory) return false;
     const int64_t Differences = CountDifferences(Payoff);
     if (Differences > 0) State.SkipWithError((std::to_string(Differences) + " rows differ").c_str());
     return Differences > 0;

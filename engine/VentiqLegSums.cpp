@@ -15,7 +15,8 @@ namespace {
 
 using TLine = TLegSums::TLine;
 
-constexpr double kAlways = -std::numeric_limits<double>::infinity();
+// Thresholds: no gain is up to the first, every gain is up to the second.
+constexpr double kAlways = std::numeric_limits<double>::quiet_NaN();
 constexpr double kNever = std::numeric_limits<double>::infinity();
 
 // A future has no strike and no tolerance. A leg of another kind or side is worth (0 - 0) * quantity * multiplier.
@@ -49,7 +50,7 @@ using TLanes [[gnu::vector_size(kLanes * sizeof(double))]] = double;
     for (; Line != End; ++Line) {
         const auto Add = [Leg = *Line](TLanes & Sum, const TLanes& Price) __attribute__((always_inline)) {
             const TLanes Gain = (Price - Leg.Strike) * Leg.Direction;
-            const TLanes Counted = Gain > Leg.Threshold ? Gain : TLanes{};
+            const TLanes Counted = Gain <= Leg.Threshold ? TLanes{} : Gain;
             Sum += ((Counted - Leg.Premium) * Leg.Qty) * Leg.Multiplier;
         };
         Add(S0, P0);

@@ -9,8 +9,9 @@
 
 namespace ventiq {
 
-// The P/L of a strategy at many prices. Every price gets the legs' results added in list order, to the last bit what
-// LegPL gives leg by leg; prices are worked off side by side in the processor's vector registers.
+// The P/L of a strategy at many prices. Every price (any number, infinite ones too) gets the legs' results added in
+// list order, to the last bit what LegPL gives leg by leg; prices are worked off side by side in the processor's vector
+// registers.
 class TLegSums {
 public:
     TLegSums() = default;
@@ -21,7 +22,7 @@ public:
     void At(std::span<const double> Prices, std::span<double> Sums) const;
 
     // What every kind of leg comes down to: ((Gain or 0) - Premium) * Qty * Multiplier, where Gain is
-    // (Price - Strike) * Direction and counts above Threshold only.
+    // (Price - Strike) * Direction, and 0 takes its place up to Threshold (never where that is no number).
     struct TLine {
         double Strike = 0.0;
         double Direction = 1.0;  // -1 for a put

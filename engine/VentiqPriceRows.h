@@ -36,7 +36,7 @@ private:
     struct TBlock {
         static constexpr int32_t kRows = 64;
         int32_t First = -1;  // none
-        std::array<double, kRows> Sums;
+        std::array<double, kRows> Sums{};
     };
 
     double RawPrice(int32_t Row) const { return FDown + FInterval * static_cast<double>(Row); }

@@ -7,7 +7,7 @@ say() { printf '%s\n' "$*" >&2; }
 # missing_packages [NAME...]: names in tools/packages.txt, and these, that dpkg does not know as installed.
 missing_packages() {
   local wanted
-  wanted="$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$top/tools/packages.txt") $*"
+  wanted="$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$top/tools/packages.txt")${*:+ $*}"
   dpkg-query -W -f '${Package} ${db:Status-Status}\n' $wanted 2>/dev/null |
     awk -v wanted="$wanted" '
       $2 == "installed" { have[$1] = 1 }

@@ -22,8 +22,22 @@ TLegTermsList AllKinds() {
     return Result;
 }
 
-constexpr double kPrices[] = {0.0,         -0.0,       100.0, 100.0000005, 99.9999995, 100.000001, 99.999999,
-                              100.0000011, 99.9999989, 5.7,   -5.7,        1e-300,     1e15,       -1e15};
+constexpr double kPrices[] = {0.0,
+                              -0.0,
+                              100.0,
+                              100.0000005,
+                              99.9999995,
+                              100.000001,
+                              99.999999,
+                              100.0000011,
+                              99.9999989,
+                              5.7,
+                              -5.7,
+                              1e-300,
+                              1e15,
+                              -1e15,
+                              std::numeric_limits<double>::infinity(),
+                              -std::numeric_limits<double>::infinity()};
 
 double LegByLeg(const TLegTermsList& Legs, double Price) {
     double Sum = 0.0;

@@ -35,6 +35,7 @@ TEST_F(WindowedGridCounts, AStepAsksForTheRowsThatComeIntoSight) {
     for (const int32_t Count : {1'000, kMostRows}) {
         SCOPED_TRACE(Count);
         TOpenTable Table(Count);
+        if (!Table.HasRowsOfWholeDots()) GTEST_SKIP() << "at this scale the toolkit moves nothing, all is painted";
         const int Page = Table.Widget->GetFullRows(), Seen = Table.SeenRows();
         const struct {
             const char* Name;
@@ -157,7 +158,9 @@ TEST_F(WindowedGridCounts, TheWheelStopsAtTheLastRow) {
     EXPECT_EQ(Table.Widget->GetTopRow(), kMostRows - Table.Widget->GetFullRows());
     Table.Data().Forget();
     Turn(1);
-    EXPECT_LE(Table.Data().Texts, kTableColumns * 4);
+    if (Table.HasRowsOfWholeDots()) {
+        EXPECT_LE(Table.Data().Texts, kTableColumns * 4);
+    }
 }
 
 TEST_F(WindowedGridCounts, ThreeRowsAtTheEndAreCopiedByAskingForThemAlone) {
@@ -213,6 +216,7 @@ TEST_F(WindowedGridCounts, TheLastRowIsShownAndReadAloud) {
     EXPECT_EQ(Cells.selectedRowCount(), Table.Widget->GetFullRows()) << "of the rows that are seen";
     EXPECT_TRUE(Cells.isRowSelected(0));
     TOpenTable Short(1'000);
+    Short.Press(Qt::Key_End);
     EXPECT_EQ(Reader.childCount(), TScreenReader::Of(*Short.Widget).childCount());
 }
 

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 #include "framework/data/ColumnIds.h"
@@ -83,6 +84,10 @@ public:
     TCountedRows& Data() { return static_cast<TCountedRows&>(*Source.GetDataControl()); }
     QScrollBar& Bar() { return *Widget->verticalScrollBar(); }
     fw::TGridSelection& Selection() { return View.GetSelection(); }
+    bool HasRowsOfWholeDots() const {
+        const double Dots = Widget->CellRect(Widget->GetTopRow(), 0).height() * Widget->devicePixelRatio();
+        return Dots == std::round(Dots);
+    }
     int SeenRows() const { return static_cast<int>(Widget->SeenRows().size()); }
 
     ws::TRenderContext Context;

@@ -147,9 +147,13 @@ TEST_F(WindowedGridTest, WhatIsSeenAfterStepsIsWhatAWholePaintingShows) {
         TOpenTable::Paint();
         EXPECT_TRUE(IsSame()) << "several steps painted at once";
     }
+    Table.Press(Qt::Key_Home);  // the current row is seen
     Table.Widget->clearFocus();
     TOpenTable::Paint();
     EXPECT_TRUE(IsSame()) << "without the focus";
+    Table.Widget->setFocus();
+    TOpenTable::Paint();
+    EXPECT_TRUE(IsSame()) << "with the focus again";
     Table.Press(Qt::Key_End);
     Table.Widget->resize(220, 333);
     TOpenTable::Paint();

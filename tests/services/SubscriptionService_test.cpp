@@ -220,6 +220,41 @@ TEST_F(TManyQuotesTest, ASubscriberThatRunsALoopOfItsOwnDoesNotHoldBackTheOthers
     EXPECT_EQ(Told, Symbols);
 }
 
+// Seen: a price source that raised once for one symbol left every other symbol waiting for good.
+TEST_F(TSubscriptionServiceTest, ASymbolWhoseDataCannotBeReadHoldsNobodyBack) {
+    bool Raises = true;
+    TQuoteRow Quote;
+    Quote.Last = 5;
+    const auto QuoteOf = [&](const std::string& Symbol) -> const TQuoteRow* {
+        if (Raises && Symbol == "A") throw std::runtime_error("no price");
+        return &Quote;
+    };
+    TMarketSet Set;
+    Set.Exchanges.push_back({"X", "", "", "", true, "", 0, 0});
+    for (const char* Symbol : {"A", "B"}) {
+        TProductRow Row;
+        Row.Symbol = Symbol;
+        Row.Exchange = Row.Series = "X";
+        Set.Products.push_back(Row);
+    }
+    TMarketService Listed;
+    Listed.Load(Set);
+    TLoopQueue Loop;
+    TSubscriptionService Service{Listed, Loop, {[](const auto&) {}, QuoteOf, {}}};
+    const auto StateOf = [&](const char* Symbol) {
+        return Service.GetSubItem(Symbol, fw::kPriceDataKind, 0)->GetState();
+    };
+    Service.Request("A");
+    Service.Request("B");
+    while (!Loop.IsEmpty()) Loop.Pump();
+    EXPECT_EQ(StateOf("A"), fw::kItemUnknown);
+    EXPECT_EQ(StateOf("B"), fw::kItemReady);
+    Raises = false;
+    Service.QuotesChanged({"A"});
+    while (!Loop.IsEmpty()) Loop.Pump();
+    EXPECT_EQ(StateOf("A"), fw::kItemReady);
+}
+
 TEST_F(TManyQuotesTest, APriceThatComesWhileItsSubscriberIsToldIsToldAgain) {
     fw::TObject Other;
     int Heard = 0;

@@ -2,9 +2,7 @@
 #include "workstation/market/MarketDay.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cstdio>
 
 namespace ws {
 

@@ -77,6 +77,17 @@ void TWindowedGridRenderer::changeEvent(QEvent* Event) {
     if (Event->type() == QEvent::FontChange) Reload();
 }
 
+// The current row has a frame while the table has the focus; the toolkit repaints around the viewport only.
+void TWindowedGridRenderer::focusInEvent(QFocusEvent* Event) {
+    QAbstractScrollArea::focusInEvent(Event);
+    UpdateRows(GetCurrentRow(), GetCurrentRow());
+}
+
+void TWindowedGridRenderer::focusOutEvent(QFocusEvent* Event) {
+    QAbstractScrollArea::focusOutEvent(Event);
+    UpdateRows(GetCurrentRow(), GetCurrentRow());
+}
+
 void TWindowedGridRenderer::keyPressEvent(QKeyEvent* Event) {
     if (Event->matches(QKeySequence::Copy)) return CopyRows();
     if (!FView) return;

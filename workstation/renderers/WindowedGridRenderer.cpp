@@ -2,6 +2,7 @@
 #include "workstation/renderers/WindowedGridRenderer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include <QScrollBar>
@@ -46,8 +47,21 @@ void TWindowedGridRenderer::Measure() {
 
 int TWindowedGridRenderer::GetRowCount() const { return FView ? FView->GetDataController().GetRecordCount() : 0; }
 int TWindowedGridRenderer::GetTopRow() const { return verticalScrollBar()->value(); }
-int TWindowedGridRenderer::RowHeight() const { return fontMetrics().height() + FContext.Scaled(kPadding); }
-int TWindowedGridRenderer::HeaderHeight() const { return fontMetrics().height() + FContext.Scaled(2 * kPadding); }
+
+// A height of whole dots of the screen where a few units more give one: what stays in sight can be moved by whole dots
+// only.
+int TWindowedGridRenderer::InWholeDots(int Least) const {
+    constexpr int kMostAdded = 4;
+    for (int Height = Least; Height < Least + kMostAdded; ++Height)
+        if (const double Dots = Height * devicePixelRatio(); Dots == std::round(Dots)) return Height;
+    return Least;
+}
+
+int TWindowedGridRenderer::RowHeight() const { return InWholeDots(fontMetrics().height() + FContext.Scaled(kPadding)); }
+
+int TWindowedGridRenderer::HeaderHeight() const {
+    return InWholeDots(fontMetrics().height() + FContext.Scaled(2 * kPadding));
+}
 
 int TWindowedGridRenderer::GetFullRows() const {
     return std::max(1, (viewport()->height() - HeaderHeight()) / RowHeight());

@@ -57,6 +57,8 @@ protected:
     void mousePressEvent(QMouseEvent* Event) override;
     void mouseDoubleClickEvent(QMouseEvent* Event) override;
     void changeEvent(QEvent* Event) override;
+    void focusInEvent(QFocusEvent* Event) override;
+    void focusOutEvent(QFocusEvent* Event) override;
 
 private:
     static constexpr int kPadding = 4;  // between a cell's text and its border
@@ -64,6 +66,7 @@ private:
     void Reload();
     void Measure();
     void UpdateScrollBar();
+    int InWholeDots(int Least) const;
     int HeaderHeight() const;
     int RowHeight() const;
     int SeenLines() const;  // places for rows of which something can be seen
@@ -83,7 +86,7 @@ private:
     TModelRef<fw::TGridTableView> FView;
     TRenderContext& FContext;
     fw::TConnections FLinks;
-    int FSelectedFirst = -1, FSelectedLast = -1;  // as it was last painted
+    int FSelectedFirst = -1, FSelectedLast = -1;  // as the viewport was last told to paint it
     int FWheelRest = 0;
 };
 

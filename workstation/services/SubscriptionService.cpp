@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "framework/base/Clock.h"
+#include "framework/base/Dispatch.h"
 #include "workstation/market/MarketDay.h"
 #include "workstation/market/QuotePrice.h"
 #include "workstation/services/SubscriptionItem.h"
@@ -54,9 +55,12 @@ void TSubscriptionService::AnswerLater(const std::string& Symbol) {
 // A view looks at everything it waits for whenever one symbol of it is told: it finds all of them up to date.
 void TSubscriptionService::AnswerSlice() {
     for (size_t Taken = 0; Taken < kSlice && !FWaiting.empty(); ++Taken) {
-        if (TakeUp(FWaiting.front())) FUntold.push_back(FWaiting.front());
-        FIsWaiting.erase(FWaiting.front());
+        auto Symbol = std::move(FWaiting.front());
         FWaiting.pop_front();
+        FIsWaiting.erase(Symbol);
+        // A symbol whose data cannot be read costs nobody else his.
+        if (fw::DispatchValue<bool>("market data of " + Symbol, false, [&] { return TakeUp(Symbol); }))
+            FUntold.push_back(std::move(Symbol));
     }
     if (!FWaiting.empty()) FQueue.Post([this] { AnswerSlice(); });
     // A subscriber that runs a loop of its own (a message box) does not hold back the others.

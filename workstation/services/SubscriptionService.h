@@ -41,7 +41,8 @@ public:
 
     // Asks the market for a symbol's data without a listener of one's own.
     void Request(const fw::Text& Symbol);
-    // The market has new prices.
+    // The market has new prices. Items take them up in the next rounds of the loop, as they are then; who asks the
+    // market itself has them at once.
     void QuotesChanged(const std::vector<std::string>& Symbols);
     // The listed market changed: everything that was asked for is asked again.
     void MarketChanged();
