@@ -3,7 +3,8 @@
 // folder of its own.
 //   window_measure start|calculate|open|hover|memory|quotes|import|selector
 // One JSON line for each figure. "limit" belongs to what "limit_of" names. Runs without a screen unless QT_QPA_PLATFORM
-// says otherwise. Nothing here is a test: times differ from machine to machine.
+// says otherwise. VENTIQ_CHAINS may name a folder of real chains for the selector. Nothing here is a test: times differ
+// from machine to machine.
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
