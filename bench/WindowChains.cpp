@@ -4,8 +4,6 @@
 #include <array>
 #include <cstdlib>
 
-#include <QCoreApplication>
-
 #include "bench/WindowDesk.h"
 #include "bench/WindowMeasures.h"
 #include "workstation/market/MonthCode.h"
@@ -59,8 +57,9 @@ void MeasureSelectorOf(TDesk& Desk, const fw::TSelectedMarket& Market, const std
                 nullptr, nullptr);
             Selector->Model().SetMarket(Market);
             Selector->resize(400, 400);
+            TPaintWatch Watch({Selector->View().viewport()});
             Selector->show();
-            QCoreApplication::processEvents();
+            Watch.Wait();
             Paint();
         });
     }
