@@ -222,6 +222,13 @@ TEST_F(EditorsTest, CaptionsFollowTheModelAndHiddenItemsAreNotShown) {
     EXPECT_TRUE(Find<ws::TComboRenderer>()->isVisible());
 }
 
+TEST_F(EditorsTest, TheListThatDropsDownHasTheNameOfItsCombo) {
+    auto& Combo = *Find<ws::TComboRenderer>();
+    Combo.showPopup();
+    EXPECT_EQ(Combo.view()->accessibleName(), "Res_Exchange");
+    Combo.hidePopup();
+}
+
 TEST_F(EditorsTest, ANumberWithTwoReadingsKeepsFocusAndMouseInItsField) {
     Frame.Up.SetValue(5.0);
     auto& Up = Spin(Frame.Up);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -91,9 +92,12 @@ TEST_F(GridTest, TheButtonsBesideTheTextSpin) {
 }
 
 TEST_F(GridTest, AFixedListTakesItsItemsOnly) {
+    Frame.Grid.GetColumn(Frame.ColumnOf(kSide))->SetCaption("Buy or sell");
     ClickCell(0, kSide);
     auto* Combo = dynamic_cast<QComboBox*>(EditorFocus());
     ASSERT_NE(Combo, nullptr);
+    Combo->showPopup();
+    EXPECT_EQ(Combo->view()->accessibleName(), "Buy or sell");
     EXPECT_EQ(Combo->count(), 2);
     Combo->hidePopup();
     QTest::keyClick(Combo, 's');

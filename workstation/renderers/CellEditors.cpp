@@ -191,6 +191,7 @@ public:
     void showPopup() override {
         if (auto* E = Editor()) E->OpenList();  // the view may refresh the items first
         Reload();
+        view()->setAccessibleName(accessibleName());
         view()->setMinimumWidth(view()->sizeHintForColumn(0) + 2 * fontMetrics().averageCharWidth());
         QComboBox::showPopup();
     }

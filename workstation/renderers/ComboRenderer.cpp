@@ -29,6 +29,11 @@ TComboRenderer::TComboRenderer(fw::TComboBox& Model, TRenderContext& Context, QW
     ReloadItems();
 }
 
+void TComboRenderer::showPopup() {
+    view()->setAccessibleName(accessibleName());
+    QComboBox::showPopup();
+}
+
 void TComboRenderer::ReloadItems() {
     const QSignalBlocker Silent(this);
     clear();

@@ -13,6 +13,8 @@ class TComboRenderer : public QComboBox {
 public:
     TComboRenderer(fw::TComboBox& Model, TRenderContext& Context, QWidget* Parent);
 
+    void showPopup() override;
+
 protected:
     void wheelEvent(
         QWheelEvent* Event) override;  // the wheel turns a focused combo only, else it scrolls what is around

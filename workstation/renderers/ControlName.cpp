@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workstation/renderers/ControlName.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 
 #include "workstation/renderers/ButtonLine.h"
@@ -11,10 +10,8 @@ namespace ws {
 
 void NameControl(QWidget& Control, const QString& Name, const TRenderContext& Context) {
     Control.setAccessibleName(Name);
-    if (auto* Combo = qobject_cast<QComboBox*>(&Control)) {
-        Combo->view()->setAccessibleName(Name);
-        Combo->setAccessibleDescription(Name);  // some platforms call a combo by what is chosen
-    }
+    if (qobject_cast<QComboBox*>(&Control))
+        Control.setAccessibleDescription(Name);  // some platforms call a combo by what is chosen
     auto* Composite = dynamic_cast<TButtonLine*>(&Control);
     if (!Composite) return;
     Composite->Line().setAccessibleName(Name);

@@ -9,7 +9,8 @@ class QWidget;
 
 namespace ws {
 
-// The name of a control for screen readers, parts included: the text inside, its buttons, the list that drops down.
+// The name of a control for screen readers, parts included: the text inside, its buttons. A combo gives it to the list
+// that drops down when it does: making the list costs more than the rest of a cell's editor.
 void NameControl(QWidget& Control, const QString& Name, const TRenderContext& Context);
 
 }  // namespace ws
