@@ -43,8 +43,7 @@ public:
 
     const TWorkload& Workload;
     void EnterLegs(double Extra);  // Extra is added to the first premium
-    // What the user does before a calculation: nothing, or another premium than before; the first one after a
-    // calculation of the legs as they are listed.
+    // What the user does before a calculation: nothing, or a premium other than the one that stands.
     void Edit();
     int64_t GetRowCount();  // of the table, or of the key prices
 

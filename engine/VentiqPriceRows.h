@@ -32,7 +32,7 @@ public:
     std::optional<int32_t> Find(const Text& PriceText) const;
 
 private:
-    // Rows that somebody is likely to look at together. A page of a grid spans two of them at most.
+    // Rows that somebody is likely to look at together. A page of a grid spans two of them, three on a large screen.
     struct TBlock {
         static constexpr int32_t kRows = 64;
         int32_t First = -1;  // none
