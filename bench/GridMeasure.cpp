@@ -8,7 +8,6 @@
 #include <chrono>
 #include <clocale>
 #include <cstdio>
-#include <fstream>
 #include <functional>
 #include <random>
 
@@ -16,6 +15,7 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include "bench/ResidentMemory.h"
 #include "engine/VentiqDataControl.h"
 #include "tests/support/FakeHost.h"
 #include "view/VentiqDetailGrid.h"
@@ -123,13 +123,6 @@ private:
     int FCount = 0;
 };
 
-int64_t ResidentKb() {
-    std::ifstream Status("/proc/self/status");
-    for (std::string Line; std::getline(Status, Line);)
-        if (Line.starts_with("VmRSS:")) return std::stoll(Line.substr(6));
-    return 0;
-}
-
 class TMeasure {
 public:
     TMeasure(ws::TRenderContext& Context, int Reps, std::string Only)
@@ -139,7 +132,7 @@ public:
         Table.Fill(kRowCounts[0]);
         {
             const auto Opened = Open(Table, Size);  // the picture of the window is no row's
-            FResident = ResidentKb();
+            FResident = bench::ResidentKb();
         }
         for (const int32_t Rows : kRowCounts) {
             Table.Fill(Rows);
@@ -215,7 +208,7 @@ private:
             "{\"measure\":\"%s\",\"table\":\"%s\",\"height\":%d,\"rows\":%d,\"median_ms\":%.3f,"
             "\"worst_ms\":%.3f,\"reps\":%d,\"growth_kb\":%lld}\n",
             Name, Table.Name(), Size.height(), Rows, Times[Times.size() / 2], Times.back(), FReps,
-            static_cast<long long>(ResidentKb() - FResident));
+            static_cast<long long>(bench::ResidentKb() - FResident));
         std::fflush(stdout);
     }
 

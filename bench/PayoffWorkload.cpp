@@ -5,14 +5,14 @@
 //   differ
 // A round calculates and then reads: page, 50 rows in the middle with their texts (of W4 all key prices); texts, every
 // row with its text; sums, every P/L. checksum: the sum of every P/L that the first round reads. growth_kb: by how much
-// the program's memory grew from before the first round to after the last one.
+// the program's memory grew at most from before the first round on; what a round took and gave back counts.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "bench/LiteralPayoff.h"
+#include "bench/ResidentMemory.h"
 
 namespace {
 
@@ -20,13 +20,6 @@ using namespace bench;
 
 constexpr double kMinSeconds = 1.0;
 constexpr int kMinRounds = 5, kMaxRounds = 100'000;
-
-long ResidentKb() {
-    std::ifstream Status("/proc/self/status");
-    for (std::string Line; std::getline(Status, Line);)
-        if (Line.starts_with("VmRSS:")) return std::stol(Line.substr(6));
-    return 0;
-}
 
 struct TFigures {
     std::vector<double> Nanoseconds;
@@ -51,7 +44,7 @@ TFigures Measure(TRound Round) {
         Seconds += Took.count();
     }
     // Without the list of the times itself.
-    Result.GrowthKb = ResidentKb() - Before - static_cast<long>(Result.Nanoseconds.size() * sizeof(double) / 1024);
+    Result.GrowthKb = MostResidentKb() - Before - static_cast<long>(Result.Nanoseconds.size() * sizeof(double) / 1024);
     std::sort(Result.Nanoseconds.begin(), Result.Nanoseconds.end());
     return Result;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Payoff views: calculating, opening, the hint over the chart, and what ten of them keep in memory.
 #include <cstdio>
-#include <fstream>
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -9,6 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "bench/ResidentMemory.h"
 #include "bench/WindowDesk.h"
 #include "bench/WindowMeasures.h"
 #include "framework/controls/Button.h"
@@ -85,12 +85,7 @@ void MeasureReopening(TDesk& Desk, ws::TViewDock& From) {
     Desk.WaitFor([&] { return Desk.Window->Docks().Docks().size() == 1; });
 }
 
-double ResidentMegabytes() {
-    std::ifstream Status("/proc/self/status");
-    for (std::string Line; std::getline(Status, Line);)
-        if (Line.starts_with("VmRSS:")) return std::stod(Line.substr(6)) / 1024;
-    throw std::runtime_error("no VmRSS");
-}
+double ResidentMegabytes() { return static_cast<double>(ResidentKb()) / 1024; }
 
 }  // namespace
 
