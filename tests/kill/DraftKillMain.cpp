@@ -80,7 +80,9 @@ bool Check(const std::filesystem::path& Folder) {
     std::ifstream In(Folder / "announced.log");
     std::string Done, Begun;
     std::size_t Writes = 0;
-    for (std::string Line; std::getline(In, Line);) {
+    // Seen: killed in the middle of writing its line, which is longer than the system writes in one piece. A line
+    // without an end announces nothing.
+    for (std::string Line; std::getline(In, Line) && !In.eof();) {
         (Line.front() == '=' ? Done : Begun) = Line.substr(1);
         if (Line.front() == '=') Begun.clear(), ++Writes;
     }
